@@ -1,0 +1,89 @@
+#pragma once
+
+#include "base/Types.h"
+#include "comm/api/IDevice.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tarvex {
+
+/// Access to one register bit, as flags that can be combined.
+enum class AccessFlag : std::int16_t { None = 0, ReadOnly = 1, ReadWrite = 2, WriteOnly = 4, Reserved = 128 };
+
+constexpr bool HasFlag(std::int16_t flags, AccessFlag flag) { return (flags & static_cast<std::int16_t>(flag)) != 0; }
+
+/// The program's image of one register of a board: address, bit values, access flags and descriptions, a mark for a
+/// value that the board does not have yet, and the registers that are transferred after it. The controller owns it;
+/// bitsets and views share it. It speaks to hardware only in ReadValue and WriteValue.
+class RegisterObject {
+public:
+    /// An 8-bit register with all bits clear.
+    RegisterObject();
+
+    /// Sets address, width (a multiple of 8 up to 24) and texts, clears bits and flags; the dependencies stay.
+    void Init(std::int32_t baseAddress, std::int32_t address, std::int16_t reference, std::int16_t bitCount,
+              std::string name, std::string description);
+
+    const std::string& Name() const { return name_; }
+    const std::string& Description() const { return description_; }
+    std::int32_t BaseAddress() const { return baseAddress_; }
+    std::int32_t Address() const { return address_; }
+    /// Position in its register list of the init file.
+    std::int16_t Reference() const { return reference_; }
+    std::int16_t MaxBits() const { return static_cast<std::int16_t>(bits_.size()); }
+    std::int32_t MaxValue() const { return (std::int32_t{1} << bits_.size()) - 1; }
+    std::int32_t MinValue() const { return 0; }
+
+    /// True when the value was changed since the last transfer.
+    bool IsDirty() const { return dirty_; }
+    void IsDirty(bool dirty) { dirty_ = dirty; }
+
+    std::int32_t value() const;
+    /// Sets the value and marks the register changed; the value it has already changes nothing. Raises 10 outside
+    /// MinValue to MaxValue.
+    void value(std::int32_t newValue);
+
+    /// Reads the register and then its dependencies from the board; returns the value. The changed mark is taken away
+    /// first. Bytes that the board does not deliver leave their bits alone, surplus bytes are passed over. Device
+    /// errors reach the caller.
+    std::int32_t ReadValue(IDevice& device, std::int16_t aspi);
+    /// Writes the register and then its dependencies to the board and takes the changed mark away. Device errors
+    /// reach the caller and leave the mark.
+    void WriteValue(IDevice& device, std::int16_t aspi);
+
+    /// Sets and clears flags of one bit; raises 10 for an index at or above MaxBits, 9 for a negative one.
+    void ChangeBitFlags(std::int16_t bit, std::int16_t set, std::int16_t clear);
+    /// Raises 9 for an index outside the register.
+    void SetBitFlags(std::int16_t bit, std::int16_t flags);
+    /// Raises 10 for an index outside the register, as do the next five. The changed mark stays.
+    void SetBit(std::int16_t bit, bool set);
+    bool GetBit(std::int16_t bit) const;
+    std::int16_t GetBitFlags(std::int16_t bit) const;
+    void SetBitDescription(std::int16_t bit, std::string text);
+    const std::string& GetBitDescription(std::int16_t bit) const;
+
+    /// Adds a register that is read and written after this one; adding it twice transfers it twice.
+    void AddDependency(std::shared_ptr<RegisterObject> other);
+    /// Drops all dependencies; the owner calls it so that registers that depend on each other in a circle can die.
+    void ClearDependencies() { dependencies_.clear(); }
+
+private:
+    std::size_t CheckedIndex(std::int16_t bit, const char* operation, const char* what) const;
+
+    std::int32_t baseAddress_ = 0;
+    std::int32_t address_ = 0;
+    std::int16_t reference_ = 8;
+    std::string name_;
+    std::string description_;
+    bool dirty_ = false;
+    bool transferring_ = false;
+    Bits bits_;
+    std::vector<std::int16_t> flags_;
+    std::vector<std::string> bitDescriptions_;
+    std::vector<std::shared_ptr<RegisterObject>> dependencies_;
+};
+
+}

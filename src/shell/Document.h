@@ -1,0 +1,102 @@
+#pragma once
+
+#include "base/Event.h"
+#include "base/ExitRequest.h"
+#include "base/IErrorLog.h"
+#include "base/ProgramState.h"
+#include "comm/api/IDevice.h"
+#include "config/TarvexController.h"
+#include "config/TarvexData.h"
+#include "platform/IClock.h"
+#include "platform/IFileSystem.h"
+#include "platform/IUserPrompts.h"
+#include "shell/CommandLine.h"
+#include "shell/IMainView.h"
+#include "shell/IWizardView.h"
+#include "shell/PacketLog.h"
+#include "shell/Preferences.h"
+#include "shell/WorkingCopies.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace tarvex {
+
+inline constexpr std::int32_t kVendorId = 0x12C5;
+
+/// What the document is built on. Main fills it; the makers are the only way in which the document gets at concrete
+/// links and windows, by link name and by wizard kind.
+struct DocumentServices {
+    ProgramState& state;
+    IFileSystem& files;
+    IErrorLog& errorLog;
+    PacketLog& packetLog;
+    IUserPrompts& prompts;
+    Preferences& preferences;
+    std::map<std::string, std::function<std::shared_ptr<IDevice>()>> links;
+    std::map<WizardKind, std::function<std::unique_ptr<IWizardView>()>> wizards;
+    /// Runs the self-tests into the named report file; empty where the program has none.
+    std::function<void(const std::string&)> selfTest;
+    std::string commandLine;
+};
+
+/// The application object. It owns, for the whole run, the controller, the link in use, the init-file model, the wizard
+/// windows and the working copies; views go through it to switch links, to open and close one another and to refresh
+/// each other. It speaks to hardware only when it switches links.
+class Document {
+public:
+    /// Looks for the init file; may end the program with code 2.
+    explicit Document(DocumentServices services);
+    ~Document();
+    Document(const Document&) = delete;
+    Document& operator=(const Document&) = delete;
+
+    /// After a new device has been put in place.
+    Event<Document, const std::shared_ptr<IDevice>&> CommLinkChanged;
+
+    const std::string& initFilepath() const { return initFilepath_; }
+    const std::shared_ptr<TarvexData>& initFile() const { return initFile_; }
+    const std::string& TargetSaveFileName() const { return targetSaveFileName_; }
+    IWizardView* CurrentWizForm() const { return currentWizard_; }
+    void CurrentWizForm(IWizardView* wizard) { currentWizard_ = wizard; }
+    TarvexController& controller() { return *controller_; }
+    /// The link in use, or none.
+    const std::shared_ptr<IDevice>& device() const { return device_; }
+    /// True when the command line asked for demo mode, in which every link is the demo board.
+    bool IsDemoMode() const { return commandLine_.demo; }
+
+    /// Reads the init file, acts on the command line, selects the demo link and shows the main window or a wizard. May
+    /// end the program (see the exit codes).
+    void Run(IMainView& mainView);
+    /// Tells the main window and the wizard in use that the board is gone.
+    void NotifyCommFailure(const std::string& text);
+    /// Tells all other views of a change; `sender` is none for the main window itself.
+    void UpdateAllViews(const IWizardView* sender, std::int32_t kind, const std::string& name);
+    /// Shows the view of a product, or with "AdvancedForm" the main window beside the wizard `current`.
+    bool OpenView(const std::string& product, IWizardView* current);
+    void CloseView(const std::string& product);
+    bool IsWizardOpen() const;
+    /// Replaces the link; unknown names change nothing.
+    void SelectCommLink(const std::string& name);
+    /// False when the path is the init file itself, by whatever spelling.
+    bool TestForApplicationReservedFilepath(const std::string& path);
+
+    // The implementer adds the private state and steps.
+
+private:
+    DocumentServices services_;
+    CommandLine commandLine_;
+    WorkingCopies copies_;
+    std::string initFilepath_;
+    std::string targetSaveFileName_;
+    std::shared_ptr<TarvexData> initFile_;
+    std::unique_ptr<TarvexController> controller_;
+    std::shared_ptr<IDevice> device_;
+    IMainView* mainView_ = nullptr;
+    std::map<WizardKind, std::unique_ptr<IWizardView>> wizards_;
+    IWizardView* currentWizard_ = nullptr;
+};
+
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/ISettingsStore.h"
+#include "platform/zorbus/CommSettings.h"
+
+#include <string>
+
+namespace tarvex {
+
+/// The user's choices that outlive a run, as they are in memory. Main owns them; the main window changes them.
+struct Preferences {
+    bool autoConnect = false;
+    bool autoLoadFileOpen = false;
+    std::string lastZorbusId = "0x0000";
+    std::string lastChannel = "0";
+    CommSettings serial;
+    bool loaded = false; ///< set by LoadPreferences; what was never loaded is never saved
+};
+
+/// Reads the seven keys; a missing or unreadable value gives its default.
+void LoadPreferences(ISettingsStore& store, Preferences& preferences);
+
+/// Writes the seven keys, if they were loaded, and marks them not loaded, so that a run saves them once.
+void SavePreferences(ISettingsStore& store, Preferences& preferences);
+
+/// "AutoConnect" or "AutoLoadFileOpen"; raises 402 for any other name.
+bool GetAppPreference(const Preferences& preferences, const std::string& name);
+
+}

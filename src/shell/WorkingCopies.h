@@ -1,0 +1,33 @@
+#pragma once
+
+#include "base/ProgramState.h"
+#include "platform/IFileSystem.h"
+
+#include <string>
+#include <vector>
+
+namespace tarvex {
+
+/// The copies in the temporary folder that a run works on. They are deleted when this dies, and only they: what this
+/// process did not create stays.
+class WorkingCopies {
+public:
+    WorkingCopies(IFileSystem& files, const ProgramState& state) : files_(files), state_(state) {}
+    ~WorkingCopies();
+    WorkingCopies(const WorkingCopies&) = delete;
+    WorkingCopies& operator=(const WorkingCopies&) = delete;
+
+    /// Copies a file into the temporary folder: under its own name without ".xml" + suffix + ".xml", or under its own
+    /// name when the suffix is empty. Errors are passed over; the path is returned all the same.
+    std::string MakeTempCopy(const std::string& source, const std::string& suffix);
+
+    /// Deletes copies of the init file that processes left behind which live no longer.
+    void SweepLeftovers(const std::string& initFilepath);
+
+private:
+    IFileSystem& files_;
+    const ProgramState& state_;
+    std::vector<std::string> created_;
+};
+
+}

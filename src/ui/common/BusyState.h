@@ -1,0 +1,49 @@
+#pragma once
+
+#include "base/Event.h"
+#include "ui/common/InputGate.h"
+
+#include <functional>
+#include <map>
+#include <string>
+
+namespace tarvex {
+
+/// Whether a sequence of transfers runs. While it does, all user input but Escape is swallowed, a close from outside is
+/// kept back, and actions of timers and device changes that would touch the board wait. One per program, owned by main.
+class BusyState {
+public:
+    BusyState();
+    ~BusyState();
+
+    bool IsBusy() const { return depth_ > 0; }
+    /// True once Escape was pressed during the sequence that runs now.
+    bool Cancelled() const { return gate_.EscapePressed(); }
+    /// Runs the action now, or soon after the sequence that runs now has ended; of each kind only the last one waits.
+    void WhenIdle(const std::string& kind, std::function<void()> action);
+    /// True when work began, false when it ended: the windows switch their menus with it.
+    Event<BusyState, bool> Changed;
+
+private:
+    friend class BusyGuard;
+    void Enter();
+    void Leave() noexcept;
+
+    int depth_ = 0;
+    InputGate gate_;
+    std::map<std::string, std::function<void()>> waiting_;
+};
+
+/// Stands around every sequence of transfers: hourglass pointer, menus off, no other input. May be nested.
+class BusyGuard {
+public:
+    explicit BusyGuard(BusyState& state) : state_(state) { state_.Enter(); }
+    ~BusyGuard() { state_.Leave(); }
+    BusyGuard(const BusyGuard&) = delete;
+    BusyGuard& operator=(const BusyGuard&) = delete;
+
+private:
+    BusyState& state_;
+};
+
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+namespace tarvex {
+
+/// An application event filter that swallows all user input, so that nothing typed or clicked during a transfer is
+/// delivered later. It remembers that Escape was pressed and which window was asked to close from outside.
+class InputGate : public QObject {
+public:
+    /// Forgets what was remembered and begins to swallow.
+    void Close();
+    /// Lets input pass again; asks the window that was to be closed meanwhile to close, from the event loop.
+    void Open() noexcept;
+    bool EscapePressed() const { return escapePressed_; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool escapePressed_ = false;
+    QPointer<QWidget> askedToClose_;
+};
+
+}
