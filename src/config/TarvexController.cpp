@@ -50,8 +50,7 @@ XmlElement TarvexController::UsableRoot(const char* source) const
 {
     const XmlElement root = InitRoot();
     if (!root)
-        Raise(kErrInvalidFile, source,
-              "Invalid XML File " + (initFile_ ? initFile_->LastErrorText() : std::string()));
+        Raise(kErrInvalidFile, source, "Invalid XML File " + (initFile_ ? initFile_->LastErrorText() : std::string()));
     return root;
 }
 

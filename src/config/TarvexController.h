@@ -43,7 +43,8 @@ private:
     void IConfigController_Init(std::shared_ptr<TarvexData> initFile) override;
     std::string IConfigController_GetInitFileVersion() override;
     std::vector<std::string> IConfigController_GetCommLinkNames(const std::string& product) override;
-    std::vector<std::string> IConfigController_GetDeviceNames(const std::string& option, const std::string& protocol) override;
+    std::vector<std::string> IConfigController_GetDeviceNames(const std::string& option,
+                                                              const std::string& protocol) override;
     std::int32_t IConfigController_pid() override { return device_.productId; }
     void IConfigController_pid(std::int32_t id) override { device_.productId = id; }
     std::int32_t IConfigController_BoardID() override { return device_.boardId; }
@@ -68,7 +69,8 @@ private:
     std::int16_t IConfigController_GetPropertyCount() override;
     std::shared_ptr<TarvexProperty> IConfigController_GetProperty(std::int16_t position) override;
     std::shared_ptr<TarvexProperty> IConfigController_GetPropertyByName(const std::string& name) override;
-    std::shared_ptr<Bitset> IConfigController_GetPropertyBitsetByName(const std::string& property, const std::string& bitset) override;
+    std::shared_ptr<Bitset> IConfigController_GetPropertyBitsetByName(const std::string& property,
+                                                                      const std::string& bitset) override;
     void IConfigController_SetProperty(const std::shared_ptr<TarvexProperty>&) override {}
     std::int32_t IConfigController_GetPropertyValue(const std::string&) override { return 0; }
     void IConfigController_ReadProperty(const std::shared_ptr<TarvexProperty>&) override {}

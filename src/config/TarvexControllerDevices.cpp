@@ -128,8 +128,8 @@ DeviceMap TarvexController::ReadDataFile(const std::string& path) const
         RaiseInvalid("Unable to load data file " + path);
     CheckDataFile(document.Root(), path);
     const XmlElement component = FirstComponent(document.Root());
-    DeviceMap built = RegisterMapReader({initFilePath_, path, true})
-                          .Read(component, DescriptionFor(component, device_.deviceName));
+    DeviceMap built =
+        RegisterMapReader({initFilePath_, path, true}).Read(component, DescriptionFor(component, device_.deviceName));
     for (const auto& loaded : built.map.registers)
         loaded->IsDirty(true);
     return built;

@@ -97,15 +97,15 @@ bool TarvexData::CheckForProduct(const std::string& path, const std::string& pro
         return false;
     XmlDocument other;
     const XmlElement root = RootOf(path, other);
-    return root && (DescribesProduct(root, "ProductDescription", product) || DescribesProduct(root, "Product", product));
+    return root &&
+           (DescribesProduct(root, "ProductDescription", product) || DescribesProduct(root, "Product", product));
 }
 
 std::vector<std::string> TarvexData::ProductNameList() const
 {
     const auto components = FunctionalComponents(RootNode());
     if (components.empty())
-        Raise(kErrInvalidFile, "TarvexData::ProductList property",
-              "No Functional Components found in file " + path_);
+        Raise(kErrInvalidFile, "TarvexData::ProductList property", "No Functional Components found in file " + path_);
     std::vector<std::string> names;
     for (const XmlElement component : components) {
         const auto parsed = FunctionalComponent::ParseProducts(component.Child("Option"));
@@ -122,8 +122,8 @@ std::vector<std::string> TarvexData::SupportedCommList(const std::string& produc
 std::shared_ptr<IProduct> TarvexData::GetProduct(std::int32_t boardId, std::int32_t) const
 {
     const auto ids = RootNode().Descendants("BoardID");
-    const auto found = std::find_if(ids.begin(), ids.end(),
-                                    [boardId](XmlElement id) { return TryParseHex(id.Content()) == boardId; });
+    const auto found =
+        std::find_if(ids.begin(), ids.end(), [boardId](XmlElement id) { return TryParseHex(id.Content()) == boardId; });
     if (found == ids.end())
         return nullptr;
     const XmlElement description = found->Parent();
