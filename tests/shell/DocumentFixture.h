@@ -8,6 +8,7 @@
 #include "support/FakeFileSystem.h"
 #include "support/FakeMainView.h"
 #include "support/FakeWizardView.h"
+#include "support/InitFileBuilder.h"
 #include "support/ScriptedPrompts.h"
 
 #include "base/Error.h"
@@ -63,20 +64,19 @@ private:
     std::vector<std::string>& journal_;
 };
 
-/// An init file with one board of one register for each name.
+/// An init file with these boards.
 inline std::string InitFileText(const std::vector<std::string>& names, const std::string& version = "2.5.0",
                                 const std::string& vendor = "12C5")
 {
-    std::string text = "<SignalTarvex version=\"" + version + "\"><VID>" + vendor + "</VID>";
-    for (const std::string& name : names)
-        text += "<FunctionalComponent><Name>Family of " + name + "</Name><Option><Product name=\"" + name +
-                "\"><ProductDescription><Name>" + name +
-                "</Name><PID>0A51</PID><BoardID>A100</BoardID><ConfigInterface>I2C</ConfigInterface>"
-                "</ProductDescription></Product></Option><Attributes><I2CAttributes><RegisterWordSize>1"
-                "</RegisterWordSize><RegisterList baseAddress=\"0451\" description=\"List\"><Register><Address>20"
-                "</Address><RegisterName>Scratch</RegisterName><Bits access=\"ReadWrite\" description=\"\">0:7</Bits>"
-                "</Register></RegisterList></I2CAttributes></Attributes></FunctionalComponent>";
-    return text + "</SignalTarvex>";
+    InitFileBuilder file;
+    std::string others;
+    for (const std::string& name : names) {
+        file.device = name;
+        others += name == names.back() ? "" : file.Component();
+    }
+    file.version = version;
+    file.vid = vendor;
+    return file.Text(others);
 }
 
 /// A document among fakes, which all write into one journal.
@@ -109,7 +109,13 @@ protected:
 
     std::function<std::unique_ptr<IWizardView>()> WizardMaker(const std::string& label)
     {
-        return [this, label] { return std::make_unique<FakeWizardView>(label, script_); };
+        return [this, label] {
+            listener_ = document_->controller().CurrentProductChanged.Subscribe(
+                [this](std::int32_t, std::int32_t, const std::string& name) {
+                    journal_.push_back("controller: " + name + " with minimum " + state_.g_minInitVersion);
+                });
+            return std::make_unique<FakeWizardView>(label, script_);
+        };
     }
 
     /// Makes a document and runs it; the code with which it ended the program, or none.
@@ -136,6 +142,7 @@ protected:
     bool linksAnswer_ = true;
     DocumentServices services_{state_, files_, errors_, packetLog_, prompts_, preferences_, {}, {}, {}, {}};
     std::unique_ptr<Document> document_;
+    Subscription listener_;
 };
 
 using Lines = std::vector<std::string>;

@@ -21,8 +21,6 @@ protected:
         document_->SelectCommLink(link);
         return TakeJournal();
     }
-
-    Subscription listener_;
 };
 
 }
@@ -69,18 +67,6 @@ TEST_F(DocumentLinks, StayWhenTheNewOneCannotBeMade)
     EXPECT_THROW(document_->SelectCommLink("SerialZorbus"), Error);
     EXPECT_EQ(TakeJournal(), Lines());
     EXPECT_NE(document_->device(), nullptr);
-}
-
-TEST_F(DocumentLinks, MayBeReplacedAgainByAListener)
-{
-    Start("");
-    listener_ = document_->CommLinkChanged.Subscribe([this](const std::shared_ptr<IDevice>& device) {
-        if (device->DeviceType() == "USB-HID Device")
-            document_->SelectCommLink("SerialZorbus");
-        journal_.push_back("told of " + device->DeviceType());
-    });
-    EXPECT_EQ(Select("USB-HID Device").back(), "USB-HID Device: gone");
-    EXPECT_EQ(document_->device()->DeviceType(), "SerialZorbus");
 }
 
 }

@@ -74,9 +74,10 @@ TEST_F(DocumentViews, OpenAVexlonWizardAndThenTheSameAgain)
     TakeJournal();
     EXPECT_FALSE(document_->IsWizardOpen());
     EXPECT_TRUE(document_->OpenView("Kestra-Fx", nullptr));
-    EXPECT_EQ(TakeJournal(), (Lines{"Vexlon_Wizard: made", "USB-HID Device: connect A51 12C5",
-                                    "Vexlon_Wizard: Init Kestra-Fx, USB-HID Device, no product",
-                                    "Vexlon_Wizard: SetCurrentProduct Kestra-Fx", "Vexlon_Wizard: ShowView"}));
+    EXPECT_EQ(TakeJournal(),
+              (Lines{"Vexlon_Wizard: made", "controller: Kestra-Fx with minimum 2.4.0",
+                     "USB-HID Device: connect A51 12C5", "Vexlon_Wizard: Init Kestra-Fx, USB-HID Device, no product",
+                     "Vexlon_Wizard: SetCurrentProduct Kestra-Fx", "Vexlon_Wizard: ShowView"}));
     EXPECT_TRUE(document_->IsWizardOpen());
     EXPECT_TRUE(document_->OpenView("my vexlon-fx", nullptr));
     EXPECT_EQ(TakeJournal(), (Lines{"Vexlon_Wizard: ShowView", "Vexlon_Wizard: FocusView"}));
@@ -102,17 +103,18 @@ TEST_F(DocumentViews, KeepNoWizardThatCouldNotBeBound)
 
 TEST_F(DocumentViews, ReplaceTheWizardInUseWithoutDestroyingItAtOnce)
 {
-    Start("-wVexlon-Fx");
-    ASSERT_EQ(document_->OpenView("Vexlon", nullptr), true);
-    FakeWizardView other("other", script_);
-    document_->CurrentWizForm(&other);
+    Start("-wCendra");
+    IWizardView* const cendra = document_->CurrentWizForm();
+    EXPECT_TRUE(document_->OpenView("Kestra-Fx", cendra));
+    document_->CurrentWizForm(cendra);
     TakeJournal();
-    EXPECT_TRUE(document_->OpenView("Kestra-Fx", nullptr));
+    EXPECT_TRUE(document_->OpenView("Kestra-Fx", cendra));
     const Lines journal = TakeJournal();
-    EXPECT_EQ(journal.front(), "Vexlon_Wizard: Unload");
-    EXPECT_EQ(std::count(journal.begin(), journal.end(), "Vexlon_Wizard: gone"), 0);
+    EXPECT_EQ(Lines(journal.begin(), journal.begin() + 3),
+              (Lines{"Cendra_Wizard: Unload", "Vexlon_Wizard: Unload", "Vexlon_Wizard: made"}));
     EXPECT_EQ(journal[journal.size() - 2], "Vexlon_Wizard: SetCurrentProduct Vexlon");
-    EXPECT_NE(document_->CurrentWizForm(), &other);
+    EXPECT_EQ(std::count(journal.begin(), journal.end(), "Cendra_Wizard: gone"), 0);
+    EXPECT_NE(document_->CurrentWizForm(), cendra);
 }
 
 TEST_F(DocumentViews, CloseByProduct)

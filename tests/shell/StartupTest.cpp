@@ -61,15 +61,4 @@ TEST_F(StartupTest, EndsBeforeAnythingElseWhenALibraryIsTooOld)
     EXPECT_EQ(state_.g_dependsHelp, "Try running the registerActiveX_<OS version>.bat in /prog/../Depends.");
 }
 
-TEST_F(StartupTest, EndsWhenTheInitFileIsDeclined)
-{
-    files_.files.clear();
-    prompts_.ExpectMessage("Unable to find the initialization file Tarvex.xml in /prog. Do you want to search for it?",
-                           Answer::No);
-    Startup startup(services_, dependencies_, settings_, mainView_);
-    EXPECT_EQ(ExitCodeOf([&] { startup.Run(); }), 2);
-    EXPECT_EQ(TakeJournal().back(), "main: HideView");
-    EXPECT_TRUE(preferences_.loaded);
-}
-
 }
