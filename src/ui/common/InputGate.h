@@ -7,7 +7,8 @@
 namespace tarvex {
 
 /// An application event filter that swallows all user input, so that nothing typed or clicked during a transfer is
-/// delivered later. It remembers that Escape was pressed and which window was asked to close from outside.
+/// delivered later. It remembers that Escape was pressed and which window was asked to close from outside. A modal
+/// window that is opened while the gate is closed gets its input: it has to be answered before work can go on.
 class InputGate : public QObject {
 public:
     /// Forgets what was remembered and begins to swallow.
@@ -19,7 +20,12 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool AnswerIsAwaited() const;
+    bool KeepBackClose(QObject* watched, QEvent* event);
+    void HearKey(QEvent* event);
+
     bool escapePressed_ = false;
+    QPointer<QWidget> modalBefore_;
     QPointer<QWidget> askedToClose_;
 };
 

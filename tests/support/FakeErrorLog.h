@@ -1,0 +1,42 @@
+#pragma once
+
+#include "base/Error.h"
+#include "base/IErrorLog.h"
+
+#include <exception>
+#include <string>
+#include <vector>
+
+namespace tarvex {
+
+/// Keeps the entries of the error log.
+class FakeErrorLog : public IErrorLog {
+public:
+    struct Entry {
+        std::string description;
+        std::int32_t number = 0;
+        std::string source;
+    };
+
+    void LogError(std::string_view description, std::int32_t number, std::string_view source) noexcept override
+    {
+        entries.push_back({std::string(description), number, std::string(source)});
+    }
+
+    void LogCurrentError() noexcept override
+    {
+        try {
+            throw;
+        } catch (const Error& error) {
+            LogError(error.Description(), error.Number(), error.Source());
+        } catch (const std::exception& error) {
+            LogError(error.what(), 0, "");
+        } catch (...) {
+            LogError("unknown", 0, "");
+        }
+    }
+
+    std::vector<Entry> entries;
+};
+
+}

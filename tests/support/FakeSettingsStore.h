@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/ISettingsStore.h"
+
+#include <map>
+#include <utility>
+
+namespace tarvex {
+
+/// Settings in memory. Can fail to read and to write.
+class FakeSettingsStore : public ISettingsStore {
+public:
+    std::optional<std::string> Read(std::string_view section, std::string_view key) override
+    {
+        const auto found = values.find({std::string(section), std::string(key)});
+        return failsToRead || found == values.end() ? std::nullopt : std::optional(found->second);
+    }
+
+    void Write(std::string_view section, std::string_view key, std::string_view value) override
+    {
+        if (!failsToWrite)
+            values[{std::string(section), std::string(key)}] = value;
+    }
+
+    bool Flush() override
+    {
+        ++flushes;
+        return !failsToWrite;
+    }
+
+    std::map<std::pair<std::string, std::string>, std::string> values; ///< by section and key
+    bool failsToRead = false;
+    bool failsToWrite = false;
+    int flushes = 0;
+};
+
+}
