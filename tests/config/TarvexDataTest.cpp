@@ -45,8 +45,8 @@ TEST_F(TarvexDataTest, OpensWhatIsThereWellFormedAndNewEnough)
         const char* version;
         const char* minimum;
         bool opens;
-    } kCases[] = {{"2.3.9", "2.4.0", false},  {"2.4.0", "2.4.0", true},    {"2.4.10", "2.4.10", true},
-                  {"2.4.9", "2.4.10", false}, {"2.4.10", "2.5.0", false},  {"", "2.4.0", false},
+    } kCases[] = {{"2.3.9", "2.4.0", false},  {"2.4.0", "2.4.0", true},     {"2.4.10", "2.4.10", true},
+                  {"2.4.9", "2.4.10", false}, {"2.4.10", "2.5.0", false},   {"", "2.4.0", false},
                   {"new", "2.4.0", false},    {"99999.0.0", "2.4.0", false}};
     for (const auto& each : kCases) {
         InitFileBuilder file;

@@ -97,20 +97,6 @@ std::vector<char*> Pointers(std::vector<std::string>& texts)
 
 }
 
-TemporaryFolder::TemporaryFolder()
-{
-    std::string name = std::filesystem::temp_directory_path() / "tarvex-test-XXXXXX";
-    if (!mkdtemp(name.data()))
-        Fail("no temporary folder " + name);
-    path_ = name;
-}
-
-TemporaryFolder::~TemporaryFolder()
-{
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
-
 ProgramDriver::ProgramDriver(const ProgramStart& start) : folder_(start.folder)
 {
     int ends[2];

@@ -8,20 +8,6 @@
 
 namespace tarvex {
 
-/// A folder of its own in the system's temporary folder; it goes with the object.
-class TemporaryFolder {
-public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    const std::filesystem::path& Path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
-
 /// What a program is started with.
 struct ProgramStart {
     std::filesystem::path program;
