@@ -113,7 +113,8 @@ BoardActionServices AdvancedForm::ActionServices()
 
 void AdvancedForm::Init(IConfigController&, std::shared_ptr<IDevice>)
 {
-    board_ = std::make_unique<BoardActions>(*document_, *this, ActionServices());
+    IRegisterView& view = *this;
+    board_ = std::make_unique<BoardActions>(*document_, view, ActionServices());
     files_ = std::make_unique<FileActions>(*document_, *board_, services_.prompts, *this,
                                            [this](const std::string& path) { WriteDataFile(path); });
     files_->StartFolder(fileFolder_);
