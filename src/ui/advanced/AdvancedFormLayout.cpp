@@ -66,6 +66,9 @@ void AdvancedForm::BuildControls()
     column->addWidget(grid_, 1);
     column->addLayout(below);
     setCentralWidget(page);
+    // The longest of the usual status texts is to be read whole.
+    setMinimumWidth(fontMetrics().horizontalAdvance(
+        "Vexlon-Fx supports multiple communication links.  Select one on the Communication menu to connect.   "));
 }
 
 void AdvancedForm::BuildStatusBar()
@@ -77,9 +80,6 @@ void AdvancedForm::BuildStatusBar()
     statusBar()->addWidget(message_, 1);
     ProgressBar1 = Add<QProgressBar>(*statusBar(), "ProgressBar1", "Progress");
     ProgressBar1->setFixedWidth(fontMetrics().averageCharWidth() * 24);
-    QSizePolicy policy = ProgressBar1->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    ProgressBar1->setSizePolicy(policy);
     statusBar()->addPermanentWidget(ProgressBar1);
     ProgressBar1->hide();
 }
