@@ -65,8 +65,8 @@ std::int32_t ParseHex(std::string_view text, std::string_view source)
 std::optional<std::int32_t> TryParseDecimal(std::string_view text)
 {
     if (text.starts_with('+'))
-        text.remove_prefix(1);
-    return text.starts_with("+") ? std::nullopt : ParseWhole<std::int32_t>(text, 10);
+        return text.size() > 1 && text[1] != '-' ? ParseWhole<std::int32_t>(text.substr(1), 10) : std::nullopt;
+    return ParseWhole<std::int32_t>(text, 10);
 }
 
 std::int32_t ParseDecimal(std::string_view text, std::string_view source)
