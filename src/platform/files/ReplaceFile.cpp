@@ -56,6 +56,8 @@ public:
         folderPath_ = target.has_parent_path() ? target.parent_path().string() : ".";
         folder_ = Descriptor(open(folderPath_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
         Check(static_cast<bool>(folder_));
+        if (name_.empty())
+            Raise(ObjectError(1), kOperation, path_ + ": Not a regular file");
     }
 
     ~Replacement()
