@@ -38,9 +38,10 @@ TEST_F(TarvexDataTest, RaisesWhileItIsNotInitialized)
 TEST_F(TarvexDataTest, OpensWhatIsThereWellFormedAndNewEnough)
 {
     EXPECT_FALSE(data.InitToRead("/f.xml"));
-    ExpectError(ErrorOf([&] { Open("<SignalTarvex version=\"2.5.0\">"); }), 403, "TarvexData::OpenXMLFile",
-                "Failed to open /f.xml-" + data.LastErrorText());
+    const auto error = ErrorOf([&] { Open("<SignalTarvex version=\"2.5.0\">"); });
     EXPECT_FALSE(data.LastErrorText().empty());
+    ExpectError(error, 403, "TarvexData::OpenXMLFile", "Failed to open /f.xml-" + data.LastErrorText());
+    EXPECT_FALSE(data.IsInitialized());
     const struct {
         const char* version;
         const char* minimum;

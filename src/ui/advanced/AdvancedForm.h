@@ -2,6 +2,7 @@
 
 #include "base/IErrorLog.h"
 #include "base/ProgramState.h"
+#include "platform/IClock.h"
 #include "platform/IFileSystem.h"
 #include "platform/ISettingsStore.h"
 #include "platform/IUserPrompts.h"
@@ -30,12 +31,16 @@ namespace tarvex {
 
 class GridPanel;
 
+/// Help topic of the keys that work in the windows.
+inline constexpr std::int32_t kHotKeysTopic = 3014;
+
 /// What the main window is built on; main owns all of it.
 struct AdvancedFormServices {
     ProgramState& state;
     Preferences& preferences;
     ISettingsStore& settings;
     IFileSystem& files;
+    IClock& clock;
     IUserPrompts& prompts;
     IErrorLog& errorLog;
     IWait& wait;
@@ -137,6 +142,8 @@ private:
     std::unique_ptr<BoardActions> board_;
     std::unique_ptr<FileActions> files_;
     Subscription busyChanged_;
+    Subscription edited_;
+    Subscription readRequested_;
 };
 
 }

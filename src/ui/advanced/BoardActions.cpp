@@ -1,6 +1,7 @@
 #include "ui/advanced/BoardActions.h"
 
 #include "base/Error.h"
+#include "comm/DemoDevice.h"
 #include "config/MinInitVersion.h"
 #include "model/Bitset.h"
 #include "model/RegisterObject.h"

@@ -16,13 +16,13 @@ public:
     FileActions(Document& document, BoardActions& board, IUserPrompts& prompts, IStatusLine& statusLine,
                 std::function<void(const std::string&)> write)
         : document_(document), board_(board), prompts_(prompts), statusLine_(statusLine), write_(std::move(write))
-    {
-    }
+    {}
 
     /// The folder in which the file dialog opens first.
     void StartFolder(std::string folder) { folder_ = std::move(folder); }
     void Open();
-    /// Writes to the current file when something was edited; asks for a name when there is none. False when not written.
+    /// Writes to the current file when something was edited; asks for a name when there is none. False when not
+    /// written.
     bool Save();
     /// False when the user cancelled or the file could not be written.
     bool SaveAs();

@@ -55,9 +55,8 @@ void MainMenus::AddOptionsMenu()
     QMenu* preferences = menu.addMenu("&Preferences");
     preferences->setObjectName("PreferenceMenu");
     const auto addCheck = [&](const char* name, const QString& caption, const std::function<void(bool)>& changed) {
-        QAction& entry = AddEntry(*preferences, name, caption, [this, name, changed] {
-            changed(Entry(name)->isChecked());
-        });
+        QAction& entry =
+            AddEntry(*preferences, name, caption, [this, name, changed] { changed(Entry(name)->isChecked()); });
         entry.setCheckable(true);
     };
     addCheck("AutoLoadFileOpen", "AutoLoad on File Open", handlers_.autoLoadFileOpen);
@@ -115,12 +114,12 @@ void MainMenus::ShowChoices(const char* menu, const char* entry, const std::vect
     for (std::size_t i = 0; i < choices.size(); ++i) {
         const MenuChoice& choice = choices[i];
         const std::string name = entry + std::to_string(i);
-        QAction& added = AddEntry(*shown, name.c_str(), ToQt(choice.caption).replace("&", "&&"),
-                                  [this, name, choice, chosen] {
-                                      if (QAction* own = Entry(name.c_str()))
-                                          own->setChecked(choice.checked); // the mark follows what really happens
-                                      chosen(choice.caption);
-                                  });
+        QAction& added =
+            AddEntry(*shown, name.c_str(), ToQt(choice.caption).replace("&", "&&"), [this, name, choice, chosen] {
+                if (QAction* own = Entry(name.c_str()))
+                    own->setChecked(choice.checked); // the mark follows what really happens
+                chosen(choice.caption);
+            });
         added.setCheckable(true);
         added.setChecked(choice.checked);
     }

@@ -92,6 +92,12 @@ void UI_RegisterItemCell::mouseDoubleClickEvent(QMouseEvent* event)
         Guarded([this] { row_.ehBit_DblClick(bit_); });
 }
 
+void UI_RegisterItemCell::focusInEvent(QFocusEvent* event)
+{
+    QLineEdit::focusInEvent(event);
+    deselect(); // the frame marks the focus; a selection would hide the colour
+}
+
 void UI_RegisterItemCell::inputMethodEvent(QInputMethodEvent* event)
 {
     if (event->commitString().size() == 1)
@@ -105,7 +111,7 @@ void UI_RegisterItemCell::paintEvent(QPaintEvent* event)
         return;
     QPainter painter(this);
     painter.setPen(QPen(palette().color(QPalette::Text), 2));
-    painter.drawRect(rect().adjusted(3, 3, -3, -3));
+    painter.drawRect(rect().adjusted(2, 2, -2, -2));
 }
 
 }

@@ -17,6 +17,7 @@ constexpr int kNameCharacters = 28;
 constexpr int kGroupCharacters = 8;
 constexpr int kValueDigits = 6; // a register has up to three bytes
 constexpr int kBits = 8;
+constexpr int kFocusMark = 4;
 
 int WidestDigit(const QFontMetrics& metrics)
 {
@@ -47,7 +48,7 @@ UI_RegisterItemLayout UI_RegisterItemLayout::For(const QLineEdit& sample)
     layout.valueLeft = layout.groupLeft + layout.groupWidth + kGap;
     layout.valueWidth = kValueDigits * digit + edge;
     layout.bitLeft = layout.valueLeft + layout.valueWidth + kGap;
-    layout.cellWidth = digit + edge;
+    layout.cellWidth = digit + edge + kFocusMark;
     layout.fieldHeight = sample.sizeHint().height();
     layout.rowHeight = layout.fieldHeight + kRowGap;
     layout.width = layout.bitLeft + kBits * layout.cellWidth + kMargin;

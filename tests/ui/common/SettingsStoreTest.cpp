@@ -121,8 +121,7 @@ TEST_F(SettingsStoreTest, GivesNothingFromABrokenStoreAndNeverWaits)
         store.Write("UserPreferences", "Baud", "9600");
         EXPECT_EQ(store.Flush(), broken.writable);
         EXPECT_LT(watch.elapsed(), 1000);
-        if (broken.writable)
-            EXPECT_EQ(SettingsStore(path).Read("UserPreferences", "Baud"), "9600");
+        EXPECT_EQ(SettingsStore(path).Read("UserPreferences", "Baud").has_value(), broken.writable);
     }
 }
 
