@@ -64,9 +64,10 @@ std::int32_t ParseHex(std::string_view text, std::string_view source)
 
 std::optional<std::int32_t> TryParseDecimal(std::string_view text)
 {
-    if (text.starts_with('+'))
-        return text.size() > 1 && text[1] != '-' ? ParseWhole<std::int32_t>(text.substr(1), 10) : std::nullopt;
-    return ParseWhole<std::int32_t>(text, 10);
+    const bool hasPlus = text.starts_with('+');
+    if (hasPlus)
+        text.remove_prefix(1);
+    return hasPlus && text.starts_with('-') ? std::nullopt : ParseWhole<std::int32_t>(text, 10);
 }
 
 std::int32_t ParseDecimal(std::string_view text, std::string_view source)

@@ -125,6 +125,7 @@ TEST(XmlGuard, RefusesHostileFilesWithinASecond)
         {folder.Write("wide.xml", Attributes(100000)), "more than 64 attributes"},
         {folder.Write("bomb.xml", bomb + "]><a>&e29;</a>"), "document type declaration"},
         {folder.Write("noise.xml", noise), "line 1, column 1: "},
+        {folder.Write("many.xml", "<a>" + Repeat("<?b?>", 5000000) + "</a>"), "more than 4000000 tags"},
         {folder.Write("huge.xml", ""), "larger than 67108864 bytes"},
     };
     std::filesystem::resize_file(folder.File("huge.xml"), 1ULL << 30);

@@ -91,8 +91,15 @@ private:
         }
     }
 
+    void CountPiece()
+    {
+        if (++pieces_ > kXmlMaxPieces)
+            Refuse("there are more than " + std::to_string(kXmlMaxPieces) + " tags and attributes");
+    }
+
     void Markup()
     {
+        CountPiece();
         if (At("<!--"))
             SkipPast("-->", 4, "the comment is not closed");
         else if (At("<![CDATA["))
@@ -173,6 +180,7 @@ private:
 
     void Attribute()
     {
+        CountPiece();
         Name("an attribute name is expected");
         SkipBlanks();
         if (Letter() != '=')
@@ -209,6 +217,7 @@ private:
     std::string_view text_;
     std::size_t position_ = 0;
     int depth_ = 0;
+    int pieces_ = 0;
     bool rootSeen_ = false;
 };
 
