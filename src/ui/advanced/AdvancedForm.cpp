@@ -64,7 +64,13 @@ void AdvancedForm::ShowNetworkAddress(bool visible)
 
 void AdvancedForm::ShowSerialSettings(bool visible) { menus_->ShowEntry("SerialPortSettings", visible); }
 
-void AdvancedForm::LayOut() { adjustSize(); }
+void AdvancedForm::LayOut()
+{
+    // The longest of the usual status texts is to be read whole.
+    const int textWidth = fontMetrics().horizontalAdvance(
+        "Vexlon-Fx supports multiple communication links.  Select one on the Communication menu to connect.   ");
+    resize(sizeHint().expandedTo(QSize(textWidth, 0)));
+}
 
 void AdvancedForm::SetStatusRefreshInterval(std::int32_t milliseconds)
 {

@@ -66,9 +66,6 @@ void AdvancedForm::BuildControls()
     column->addWidget(grid_, 1);
     column->addLayout(below);
     setCentralWidget(page);
-    // The longest of the usual status texts is to be read whole.
-    setMinimumWidth(fontMetrics().horizontalAdvance(
-        "Vexlon-Fx supports multiple communication links.  Select one on the Communication menu to connect.   "));
 }
 
 void AdvancedForm::BuildStatusBar()
