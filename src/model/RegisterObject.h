@@ -73,6 +73,7 @@ public:
 
     /// Adds a register that is read and written after this one; adding it twice transfers it twice.
     void AddDependency(std::shared_ptr<RegisterObject> other);
+    const std::vector<std::shared_ptr<RegisterObject>>& Dependencies() const { return dependencies_; }
     /// Drops all dependencies; the owner calls it so that registers that depend on each other in a circle can die.
     void ClearDependencies() { dependencies_.clear(); }
 

@@ -68,6 +68,8 @@ public:
     TarvexController& controller();
     /// The link in use, or none.
     const std::shared_ptr<IDevice>& device() const { return device_; }
+    /// True when the program can make a link of this name.
+    bool HasLink(const std::string& name) const { return services_.links.contains(name); }
     /// True when the command line asked for demo mode, in which every link is the demo board.
     bool IsDemoMode() const { return commandLine_.demo; }
 

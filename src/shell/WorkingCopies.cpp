@@ -1,10 +1,10 @@
 #include "shell/WorkingCopies.h"
 
-#include "base/Error.h"
 #include "base/Text.h"
 
 #include <algorithm>
 #include <charconv>
+#include <exception>
 
 namespace tarvex {
 
@@ -41,7 +41,7 @@ std::string WorkingCopies::MakeTempCopy(const std::string& source, const std::st
     try {
         if (files_.CopyToWorkingFile(source, target) && !Owns(target))
             created_.push_back(target);
-    } catch (const Error&) {
+    } catch (const std::exception&) {
         // Whoever opens the copy finds out.
     }
     return target;

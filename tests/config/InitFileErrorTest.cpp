@@ -24,6 +24,8 @@ std::string Identity(const std::string& pid, const std::string& board, const std
 
 const std::string kGood = RegisterXml("R", "20");
 
+void PrintTo(const BadFile& bad, std::ostream* out) { *out << bad.what; }
+
 class InitFileErrors : public ControllerTest, public testing::WithParamInterface<BadFile> {};
 
 TEST_P(InitFileErrors, ReachTheCallerAndLeaveTheRunningMap)
@@ -82,9 +84,6 @@ const BadFile kPropertyCases[] = {
      "Function ParseBitString", "Invalid character 45 in parse string"},
     {"UnknownUI", &File::properties, PropertyXml("P", Xml("UI", "range") + FieldXml("F", "Gain")), 502,
      "TarvexProperty::WidgetType", "Invalide string of range to set WidgetType"},
-    {"NoRegisters", &File::registers, "", kSyntax, kProperties,
-     "Invalid XML syntax, there are no registers defined in a file that defines properties. Filename: "
-     "/tmp/Tarvex.xml"},
 };
 
 std::string NameOf(const testing::TestParamInfo<BadFile>& info) { return info.param.what; }
@@ -92,6 +91,20 @@ std::string NameOf(const testing::TestParamInfo<BadFile>& info) { return info.pa
 INSTANTIATE_TEST_SUITE_P(Identity, InitFileErrors, testing::ValuesIn(kIdentityCases), NameOf);
 INSTANTIATE_TEST_SUITE_P(Registers, InitFileErrors, testing::ValuesIn(kRegisterCases), NameOf);
 INSTANTIATE_TEST_SUITE_P(Properties, InitFileErrors, testing::ValuesIn(kPropertyCases), NameOf);
+
+TEST_F(ControllerTest, RefusesPropertiesWithoutRegisters)
+{
+    UseBoard();
+    InitFileBuilder file;
+    file.device = "Other";
+    file.registers.clear();
+    file.properties = PropertyXml("P", FieldXml("F", "Gain"));
+    Use(file.Text());
+    ExpectError(ErrorOf([&] { controller.InitDevice("Other"); }), kSyntax, kProperties,
+                "Invalid XML syntax, there are no registers defined in a file that defines properties. Filename: "
+                "/tmp/Tarvex.xml");
+    ExpectBoardUntouched();
+}
 
 TEST_F(ControllerTest, RefusesMoreRegistersThanItsCountsHold)
 {

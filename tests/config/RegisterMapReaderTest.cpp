@@ -8,11 +8,12 @@ namespace {
 TEST_F(ControllerTest, BuildsRegistersAsTheFileSays)
 {
     InitFileBuilder file;
-    file.registers = RegisterXml("Gain", "2A", Xml("Description", " two words ") + Xml("Default", "A5") +
-                                                   BitsXml("ReadOnly", "4:7", "State") + BitsXml("Reserved", "0") +
-                                                   BitsXml("WriteOnly", "1") + BitsXml("ReadWrite", "2", "") +
-                                                   BitsXml("readwrite", "3", "x")) +
-                     RegisterXml("Offset", "21", Xml("Default", ""));
+    file.registers =
+        RegisterXml("Gain", "2A",
+                    Xml("Description", " two words ") + Xml("Default", "A5") + BitsXml("ReadOnly", "4:7", "State") +
+                        BitsXml("Reserved", "0") + BitsXml("WriteOnly", "1") + BitsXml("ReadWrite", "2", "") +
+                        BitsXml("readwrite", "3", "x")) +
+        RegisterXml("Offset", "21", Xml("Default", ""));
     file.moreLists = Xml("RegisterList baseAddress=\"00C4\" description=\"Second\"", RegisterXml("Plain", "7FFFFFFF"));
     UseBoard(file);
     ASSERT_EQ(controller.GetI2CRegisterCount(), 3);
@@ -94,8 +95,8 @@ TEST_F(ControllerTest, LooksForNamesOnlyWhereTheyBelong)
 TEST_F(ControllerTest, FreesRegistersThatDependOnEachOther)
 {
     InitFileBuilder file;
-    file.registers = RegisterXml("Gain", "20", Xml("Dependency", "Offset")) +
-                     RegisterXml("Offset", "21", Xml("Dependency", "Gain"));
+    file.registers =
+        RegisterXml("Gain", "20", Xml("Dependency", "Offset")) + RegisterXml("Offset", "21", Xml("Dependency", "Gain"));
     UseBoard(file);
     const std::weak_ptr<RegisterObject> first = kept;
     kept.reset();

@@ -38,15 +38,16 @@ TEST_F(TarvexDataTest, RaisesWhileItIsNotInitialized)
 TEST_F(TarvexDataTest, OpensWhatIsThereWellFormedAndNewEnough)
 {
     EXPECT_FALSE(data.InitToRead("/f.xml"));
-    ExpectError(ErrorOf([&] { Open("<SignalTarvex version=\"2.5.0\">"); }), 403, "TarvexData::OpenXMLFile",
-                "Failed to open /f.xml-" + data.LastErrorText());
+    const auto error = ErrorOf([&] { Open("<SignalTarvex version=\"2.5.0\">"); });
     EXPECT_FALSE(data.LastErrorText().empty());
+    ExpectError(error, 403, "TarvexData::OpenXMLFile", "Failed to open /f.xml-" + data.LastErrorText());
+    EXPECT_FALSE(data.IsInitialized());
     const struct {
         const char* version;
         const char* minimum;
         bool opens;
-    } kCases[] = {{"2.3.9", "2.4.0", false},  {"2.4.0", "2.4.0", true},    {"2.4.10", "2.4.10", true},
-                  {"2.4.9", "2.4.10", false}, {"2.4.10", "2.5.0", false},  {"", "2.4.0", false},
+    } kCases[] = {{"2.3.9", "2.4.0", false},  {"2.4.0", "2.4.0", true},     {"2.4.10", "2.4.10", true},
+                  {"2.4.9", "2.4.10", false}, {"2.4.10", "2.5.0", false},   {"", "2.4.0", false},
                   {"new", "2.4.0", false},    {"99999.0.0", "2.4.0", false}};
     for (const auto& each : kCases) {
         InitFileBuilder file;

@@ -67,7 +67,8 @@ struct InitFileBuilder {
     std::string Component() const
     {
         return Xml("FunctionalComponent",
-                   Xml("Name", component) + Xml("Option", Xml("Product name=\"" + device + "\"", links + Description())) +
+                   Xml("Name", component) +
+                       Xml("Option", Xml("Product name=\"" + device + "\"", links + Description())) +
                        Xml("Attributes", Xml("I2CAttributes", Map())));
     }
 
@@ -95,8 +96,8 @@ inline InitFileBuilder ManyRegisters(int count)
             more += Xml("Dependency", "Register " + std::to_string((i + 1) % count));
         file.registers += RegisterXml(name, std::string{kHex[i / 16 % 4], kHex[i % 16]}, more);
         if (i % 5 == 0)
-            file.properties += PropertyXml("Property " + std::to_string(i), Xml("HelpTip", "tip.rtf") +
-                                                                                FieldXml("Value", name, "4:7", "0:3"));
+            file.properties += PropertyXml("Property " + std::to_string(i),
+                                           Xml("HelpTip", "tip.rtf") + FieldXml("Value", name, "4:7", "0:3"));
     }
     return file;
 }

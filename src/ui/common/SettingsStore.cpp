@@ -116,7 +116,9 @@ bool SettingsStore::Flush()
     for (const std::string& line : lines_)
         content.append(QByteArray::fromStdString(line)).append('\n');
     QSaveFile file(ToQt(path_));
-    changed_ = !(file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit());
+    const bool written = file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+    // flush is asked here: commit would not notice that a full disk did not take the buffer, and lose the old file
+    changed_ = !(written && file.flush() && file.commit());
     return !changed_;
 }
 

@@ -145,7 +145,14 @@ QWidget* HelpViewer::MakeSearch()
         Guarded([&] { ShowPage(hit->data(Qt::UserRole).toUrl()); });
     };
     auto* engine = engine_->searchEngine();
-    QObject::connect(words_, &QLineEdit::returnPressed, engine, [this, engine] { engine->search(words_->text()); });
+    const auto search = [this, engine] {
+        Guarded([&] {
+            if (!words_->text().isEmpty())
+                engine->search(words_->text());
+        });
+    };
+    QObject::connect(words_, &QLineEdit::returnPressed, engine, search);
+    QObject::connect(engine, &QHelpSearchEngine::indexingFinished, words_, search); // what was asked for too early
     QObject::connect(engine, &QHelpSearchEngine::searchingFinished, this, [this] { Guarded([this] { ListHits(); }); });
     QObject::connect(hits_, &QListWidget::itemClicked, this, showHit);
     QObject::connect(hits_, &QListWidget::itemActivated, this, showHit);

@@ -89,19 +89,26 @@ int RunBox(const MessageBoxRequest& request)
     return RunModal(*box);
 }
 
-void PrepareFileDialog(QFileDialog& dialog, const FileDialogRequest& request)
-{
-    dialog.setOption(QFileDialog::DontUseNativeDialog); // the same on every desktop
-    dialog.setNameFilters(NameFilters(request.filter));
-    dialog.selectFile(ToQt(request.fileName));
-}
-
 /// The chosen path, or none when cancelled.
-std::optional<std::string> ChosenFile(const OwnedDialog<QFileDialog>& dialog)
+template <class Prepare> std::optional<std::string> RunFileDialog(const FileDialogRequest& request, Prepare prepare)
 {
+    const OwnedDialog<QFileDialog> dialog("FileDialog", DialogParent(), ToQt(request.title), ToQt(request.folder));
+    dialog->setOption(QFileDialog::DontUseNativeDialog); // the same on every desktop
+    dialog->setNameFilters(NameFilters(request.filter));
+    prepare(*dialog);
+    dialog->selectFile(ToQt(request.fileName));
     if (RunModal(*dialog) != QDialog::Accepted || !dialog.IsAlive())
         return std::nullopt;
     return FromQt(dialog->selectedFiles().value(0));
+}
+
+std::optional<std::string> ChooseSaveFile(const FileDialogRequest& request)
+{
+    return RunFileDialog(request, [&request](QFileDialog& dialog) {
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setDefaultSuffix(DefaultSuffix(request.defaultExtension));
+        dialog.setOption(QFileDialog::DontConfirmOverwrite); // asked afterwards, in a box like all others
+    });
 }
 
 }
@@ -136,25 +143,17 @@ std::optional<std::string> UserPrompts::AskText(const std::string& question, con
 
 std::optional<std::string> UserPrompts::AskOpenFile(const FileDialogRequest& request)
 {
-    const OwnedDialog<QFileDialog> dialog("FileDialog", DialogParent(), ToQt(request.title), ToQt(request.folder));
-    PrepareFileDialog(*dialog, request);
-    dialog->setFileMode(QFileDialog::ExistingFile); // no suffix is added: a file without one can be opened, too
-    return ChosenFile(dialog);
+    return RunFileDialog(request, [](QFileDialog& dialog) {
+        dialog.setFileMode(QFileDialog::ExistingFile); // no suffix is added: a file without one can be opened, too
+    });
 }
 
 std::optional<std::string> UserPrompts::AskSaveFile(const FileDialogRequest& request)
 {
-    const OwnedDialog<QFileDialog> dialog("FileDialog", DialogParent(), ToQt(request.title), ToQt(request.folder));
-    PrepareFileDialog(*dialog, request);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(DefaultSuffix(request.defaultExtension));
-    dialog->setOption(QFileDialog::DontConfirmOverwrite); // asked below, in a box like all others
-    auto path = ChosenFile(dialog);
-    while (path && QFileInfo::exists(ToQt(*path))) {
-        if (Ask(*path + " already exists. Do you want to replace it?", request.title))
-            return path;
-        path = dialog.IsAlive() ? ChosenFile(dialog) : std::nullopt;
-    }
+    auto path = ChooseSaveFile(request);
+    while (path && QFileInfo::exists(ToQt(*path)) &&
+           !Ask(*path + " already exists. Do you want to replace it?", request.title))
+        path = ChooseSaveFile(request);
     return path;
 }
 
