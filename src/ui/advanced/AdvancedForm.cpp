@@ -138,9 +138,8 @@ void AdvancedForm::OpenDataFile(const std::string& path) { board_->OpenDataFile(
 
 void AdvancedForm::UpdateUI(std::int32_t kind, const std::string& name) { board_->ShowChange(kind, name); }
 
-void AdvancedForm::CommFailure(const std::string& text)
+void AdvancedForm::CommFailure(const std::string&)
 {
-    services_.errorLog.LogError(text, 0, "AdvancedForm::CommFailure");
     DisplayStatusMessage("Comm Failure recieved in Advanced Form");
 }
 
