@@ -4,9 +4,27 @@
 
 namespace tarvex {
 
+namespace {
+
+/// The recursion is as deep as the file, and no document loads that is nested deeper than a few dozen.
+void CollectComponents(XmlElement parent, std::vector<XmlElement>& found)
+{
+    for (auto child = parent.FirstChild(); child; child = child.NextSibling()) {
+        const auto tag = child.Tag();
+        if (tag == "FunctionalComponent")
+            found.push_back(child);
+        if (tag != "Attributes") // a register map, by far the largest part of a file, holds no component
+            CollectComponents(child, found);
+    }
+}
+
+}
+
 std::vector<XmlElement> FunctionalComponents(XmlElement root)
 {
-    return root ? root.Descendants("FunctionalComponent") : std::vector<XmlElement>();
+    std::vector<XmlElement> found;
+    CollectComponents(root, found);
+    return found;
 }
 
 std::vector<std::string> ComponentNames(XmlElement root)

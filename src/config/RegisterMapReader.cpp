@@ -28,6 +28,33 @@ std::int16_t FlagsOf(std::string_view access)
     return static_cast<std::int16_t>(flag);
 }
 
+void KeepFirst(XmlElement& place, XmlElement found)
+{
+    if (!place)
+        place = found;
+}
+
+}
+
+RegisterMapReader::Parts::Parts(XmlElement element)
+{
+    for (auto child = element.FirstChild(); child; child = child.NextSibling()) {
+        const auto tag = child.Tag();
+        if (tag == "Bits")
+            bits.push_back(child);
+        else if (tag == "Dependency")
+            dependencies.push_back(child);
+        else if (tag == "Address")
+            KeepFirst(address, child);
+        else if (tag == "RegisterName")
+            KeepFirst(name, child);
+        else if (tag == "Description")
+            KeepFirst(description, child);
+        else if (tag == "Default")
+            KeepFirst(defaultValue, child);
+        else if (tag == "Value")
+            KeepFirst(value, child);
+    }
 }
 
 DeviceMap RegisterMapReader::Read(XmlElement component, XmlElement description)
@@ -82,28 +109,29 @@ void RegisterMapReader::ReadRegisterList(XmlElement list)
 std::shared_ptr<RegisterObject> RegisterMapReader::ReadRegister(XmlElement element, std::int32_t baseAddress,
                                                                 std::int16_t index)
 {
-    std::string name(element.ChildContent("RegisterName"));
+    const Parts parts(element);
+    std::string name(parts.name.Content());
     if (name.empty()) // the empty name stands for all registers in a transfer
         RaiseInitFileError(file_, kReadRegistersSource);
-    const std::int32_t address = HexOf(element.ChildContent("Address"), file_, kReadRegistersSource);
+    const std::int32_t address = HexOf(parts.address.Content(), file_, kReadRegistersSource);
     auto made = std::make_shared<RegisterObject>();
     made->Init(baseAddress, address, index, static_cast<std::int16_t>(8 * wordSize_), std::move(name),
-               std::string(element.ChildContent("Description")));
-    ReadBits(element, *made);
+               std::string(parts.description.Content()));
+    ReadBits(parts, *made);
     if (file_.isDataFile)
-        ReadValue(element, *made);
+        ReadValue(parts, *made);
     else
-        ReadDefault(element, *made);
-    for (auto child = element.Child("Dependency"); child; child = child.NextSame())
-        dependencies_.emplace_back(made, child.Content());
+        ReadDefault(parts, *made);
+    for (const XmlElement dependency : parts.dependencies)
+        dependencies_.emplace_back(made, dependency.Content());
     return made;
 }
 
-void RegisterMapReader::ReadBits(XmlElement element, RegisterObject& target) const
+void RegisterMapReader::ReadBits(const Parts& parts, RegisterObject& target) const
 {
     std::int32_t counted = 0;
     Bits positions;
-    for (auto bits = element.Child("Bits"); bits; bits = bits.NextSame()) {
+    for (const XmlElement bits : parts.bits) {
         counted += ParseBitString(bits.Content(), positions);
         if (counted > target.MaxBits())
             RaiseInitFileError(file_, kReadRegistersSource);
@@ -123,22 +151,21 @@ void RegisterMapReader::MarkBits(XmlElement bits, const Bits& positions, Registe
         const auto bit = static_cast<std::int16_t>(i);
         target.SetBitFlags(bit, flags);
         if (!description.empty())
-            target.SetBitDescription(bit, std::string(description));
+            target.SetBitDescription(bit, description);
     }
 }
 
-void RegisterMapReader::ReadValue(XmlElement element, RegisterObject& target) const
+void RegisterMapReader::ReadValue(const Parts& parts, RegisterObject& target) const
 {
-    const XmlElement value = element.Child("Value");
-    if (!value)
+    if (!parts.value)
         Raise(kErrFileSyntax, "TarvexController::ReadI2CREgisters",
               "Invalid XML Syntax for Data file.  No Value found for register");
-    target.value(HexOf(value.Content(), file_, kReadRegistersSource));
+    target.value(HexOf(parts.value.Content(), file_, kReadRegistersSource));
 }
 
-void RegisterMapReader::ReadDefault(XmlElement element, RegisterObject& target) const
+void RegisterMapReader::ReadDefault(const Parts& parts, RegisterObject& target) const
 {
-    const auto text = element.ChildContent("Default");
+    const auto text = parts.defaultValue.Content();
     const std::int32_t value = HexOf(text.empty() ? "00" : text, file_, kReadRegistersSource);
     if (value < target.MinValue() || value > target.MaxValue())
         RaiseInitFileError(file_, kReadRegistersSource);

@@ -22,14 +22,21 @@ public:
     DeviceMap Read(XmlElement component, XmlElement description);
 
 private:
+    /// What one Register element holds, found in a single pass: the first child of each tag, and all of the last two.
+    struct Parts {
+        explicit Parts(XmlElement element);
+        XmlElement address, name, description, defaultValue, value;
+        std::vector<XmlElement> bits, dependencies;
+    };
+
     void ReadIdentity(XmlElement component, XmlElement description);
     void ReadWordSize(XmlElement attributes);
     void ReadRegisterList(XmlElement list);
     std::shared_ptr<RegisterObject> ReadRegister(XmlElement element, std::int32_t baseAddress, std::int16_t index);
-    void ReadBits(XmlElement element, RegisterObject& target) const;
+    void ReadBits(const Parts& parts, RegisterObject& target) const;
     void MarkBits(XmlElement bits, const std::vector<bool>& positions, RegisterObject& target) const;
-    void ReadValue(XmlElement element, RegisterObject& target) const;
-    void ReadDefault(XmlElement element, RegisterObject& target) const;
+    void ReadValue(const Parts& parts, RegisterObject& target) const;
+    void ReadDefault(const Parts& parts, RegisterObject& target) const;
     void LinkDependencies();
 
     MapFile file_;

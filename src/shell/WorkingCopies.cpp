@@ -52,7 +52,7 @@ void WorkingCopies::SweepLeftovers(const std::string& initFilepath)
     const std::string stem = StemOf(initFilepath);
     const std::string folder = files_.TemporaryFolder();
     for (const std::string& name : files_.ListFolder(folder)) {
-        const std::string path = folder + "/" + name;
+        const std::string path = std::string(folder).append("/").append(name);
         if (IsLeftover(name, stem) && files_.FileExists(path))
             files_.Remove(path);
     }

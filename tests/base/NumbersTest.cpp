@@ -53,8 +53,8 @@ TEST(Numbers, DecimalTakesOneSignAndNothingElse)
         std::optional<std::int32_t> value;
     } cases[] = {{"0", 0},           {"+7", 7},   {"-7", -7},  {"2147483647", 2147483647},
                  {"2147483648", {}}, {"", {}},    {"+", {}},   {"-", {}},
-                 {"++1", {}},        {"-+1", {}}, {"1.5", {}}, {"1e3", {}},
-                 {"1 ", {}},         {" 1", {}}};
+                 {"++1", {}},        {"-+1", {}}, {"+-5", {}}, {"1.5", {}},
+                 {"1e3", {}},        {"1 ", {}},  {" 1", {}}};
     for (const auto& c : cases)
         EXPECT_EQ(TryParseDecimal(c.text), c.value) << c.text;
     ExpectError([] { ParseDecimal("ten", "S"); }, kErrTypeMismatch, "S", "Type mismatch");

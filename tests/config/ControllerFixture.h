@@ -6,6 +6,7 @@
 #include "config/TarvexData.h"
 #include "model/RegisterObject.h"
 #include "model/TarvexProperty.h"
+#include "support/ExpectError.h"
 #include "support/FakeErrorLog.h"
 #include "support/FakeFileSystem.h"
 #include "support/InitFileBuilder.h"
@@ -43,15 +44,6 @@ template <class Action> std::optional<Error> ErrorOf(Action action)
         return error;
     }
     return std::nullopt;
-}
-
-inline void ExpectError(const std::optional<Error>& error, std::int32_t number, const std::string& source,
-                        const std::string& description)
-{
-    ASSERT_TRUE(error.has_value());
-    EXPECT_EQ(error->Number(), number);
-    EXPECT_EQ(error->Source(), source);
-    EXPECT_EQ(error->Description(), description);
 }
 
 /// A controller on files in memory.

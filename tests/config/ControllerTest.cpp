@@ -23,17 +23,16 @@ std::string TwoFamilies()
 
 TEST_F(ControllerTest, RefusesToWorkWithoutAnInitFile)
 {
-    ExpectError(ErrorOf([&] { controller.Init(nullptr); }), ObjectError(6), "TarvexController::Init",
-                "Invalid init TarvexData");
-    ExpectError(ErrorOf([&] { controller.GetDeviceNames(kAllOptions, ""); }), ObjectError(6),
-                "TarvexController::GetDeviceNames", "No Functional Components found in the init file");
-    ExpectError(ErrorOf([&] { controller.GetComponentName("Board"); }), ObjectError(6),
-                "TarvexController::GetComponentName", "Invalid XML File ");
+    ExpectError([&] { controller.Init(nullptr); }, ObjectError(6), "TarvexController::Init", "Invalid init TarvexData");
+    ExpectError([&] { controller.GetDeviceNames(kAllOptions, ""); }, ObjectError(6), "TarvexController::GetDeviceNames",
+                "No Functional Components found in the init file");
+    ExpectError([&] { controller.GetComponentName("Board"); }, ObjectError(6), "TarvexController::GetComponentName",
+                "Invalid XML File ");
     EXPECT_FALSE(controller.InitDevice("Board"));
     Use(InitFileBuilder().Text());
     initFile->CloseFile(); // the controller must not look at what is gone
     EXPECT_FALSE(controller.InitDevice("Board"));
-    ExpectError(ErrorOf([&] { controller.GetComponentProductNames(); }), ObjectError(6),
+    ExpectError([&] { controller.GetComponentProductNames(); }, ObjectError(6),
                 "TarvexController::GetComponentProductNames", "Invalid XML File ");
 }
 
@@ -52,8 +51,8 @@ TEST_F(ControllerTest, ListsDevicesOnceUntilTheNextInit)
     EXPECT_EQ(controller.GetDeviceNames("Fibre", kRegisterProtocol), Names{"Light"});
     EXPECT_EQ(raised.size(), 2U);
     controller.Init(initFile);
-    ExpectError(ErrorOf([&] { controller.GetDeviceNames("Gold", ""); }), ObjectError(6),
-                "TarvexController::GetDeviceNames", "No boards with the option Gold were found in the init file");
+    ExpectError([&] { controller.GetDeviceNames("Gold", ""); }, ObjectError(6), "TarvexController::GetDeviceNames",
+                "No boards with the option Gold were found in the init file");
     EXPECT_EQ(raised.size(), 2U);
 }
 
@@ -63,8 +62,8 @@ TEST_F(ControllerTest, KnowsTheFileItsLinksAndComponents)
     EXPECT_EQ(controller.GetInitFileVersion(), "2.5.0");
     EXPECT_EQ(controller.vid(), 0x12C5);
     EXPECT_EQ(controller.GetCommLinkNames("Board"), (Names{"USB-HID Device", "Demo"}));
-    ExpectError(ErrorOf([&] { controller.GetCommLinkNames("Light"); }), ObjectError(9),
-                "TarvexController::GetCommLinkNames", "Unable to find comm links for Light");
+    ExpectError([&] { controller.GetCommLinkNames("Light"); }, ObjectError(9), "TarvexController::GetCommLinkNames",
+                "Unable to find comm links for Light");
     EXPECT_EQ(controller.GetComponentName("Light"), "Family");
     EXPECT_EQ(controller.GetComponentName("Boarding House"), "Second");
     EXPECT_EQ(controller.GetComponentName("board"), "");
@@ -97,16 +96,16 @@ TEST_F(ControllerTest, FindsRegistersAndPropertiesByPositionAndName)
     EXPECT_EQ(controller.GetI2CRegisterIndex("Offset"), 1);
     EXPECT_EQ(controller.GetI2CRegisterIndex("offset"), -1);
     EXPECT_EQ(controller.GetI2CRegisterByName("Offset"), controller.GetI2CRegister(1));
-    ExpectError(ErrorOf([&] { controller.GetI2CRegisterByName("offset"); }), kErrInvalidCall,
+    ExpectError([&] { controller.GetI2CRegisterByName("offset"); }, kErrInvalidCall,
                 "TarvexController::GetI2CRegisterByName", "Invalid procedure call or argument");
     for (const int bad : {-1, 2, 32767})
         EXPECT_EQ(ErrorOf([&] { controller.GetI2CRegister(static_cast<std::int16_t>(bad)); })->Number(), kErrSubscript);
     for (const int bad : {-1, 1})
         EXPECT_EQ(ErrorOf([&] { controller.GetProperty(static_cast<std::int16_t>(bad)); })->Number(), kErrSubscript);
-    ExpectError(ErrorOf([&] { controller.GetPropertyByName("p"); }), 502, "TarvexProperty::GetPropertyByName",
+    ExpectError([&] { controller.GetPropertyByName("p"); }, 502, "TarvexProperty::GetPropertyByName",
                 "Invalid property name of p");
-    ExpectError(ErrorOf([&] { controller.GetPropertyBitsetByName("P", "f"); }), 502,
-                "TarvexProperty::GetPropertyBitsetByName", "Invalid bitset name of f");
+    ExpectError([&] { controller.GetPropertyBitsetByName("P", "f"); }, 502, "TarvexProperty::GetPropertyBitsetByName",
+                "Invalid bitset name of f");
 }
 
 TEST_F(ControllerTest, ConnectsToTheFirstDeviceThatTheAnswerNames)
@@ -148,7 +147,7 @@ TEST_F(ControllerTest, SaysWhenAConnectedDeviceCannotBeInitialized)
     controller.GetDeviceNames(kAllOptions, kRegisterProtocol);
     FakeDevice device;
     device.name = "other";
-    ExpectError(ErrorOf([&] { controller.ConnectDevice("path", device); }), ObjectError(0x12C),
+    ExpectError([&] { controller.ConnectDevice("path", device); }, ObjectError(0x12C),
                 "TarvexController::ConnectDevice", "Unable to initialize product Other");
     ASSERT_EQ(log.entries.size(), 1U);
     EXPECT_EQ(log.entries[0].description, "Invalid syntax in initialization file /tmp/Tarvex.xml");

@@ -38,7 +38,7 @@ TEST_P(InitFileErrors, ReachTheCallerAndLeaveTheRunningMap)
     Use(file.Text());
     int raised = 0;
     const auto subscription = controller.CurrentProductChanged.Subscribe([&](auto, auto, const auto&) { ++raised; });
-    ExpectError(ErrorOf([&] { controller.InitDevice("Other"); }), bad.number, bad.source, bad.description);
+    ExpectError([&] { controller.InitDevice("Other"); }, bad.number, bad.source, bad.description);
     EXPECT_EQ(raised, 0);
     ExpectBoardUntouched();
 }
@@ -100,7 +100,7 @@ TEST_F(ControllerTest, RefusesPropertiesWithoutRegisters)
     file.registers.clear();
     file.properties = PropertyXml("P", FieldXml("F", "Gain"));
     Use(file.Text());
-    ExpectError(ErrorOf([&] { controller.InitDevice("Other"); }), kSyntax, kProperties,
+    ExpectError([&] { controller.InitDevice("Other"); }, kSyntax, kProperties,
                 "Invalid XML syntax, there are no registers defined in a file that defines properties. Filename: "
                 "/tmp/Tarvex.xml");
     ExpectBoardUntouched();
@@ -115,7 +115,7 @@ TEST_F(ControllerTest, RefusesMoreRegistersThanItsCountsHold)
     for (int i = 0; i < 32768; ++i)
         file.registers += RegisterXml(std::to_string(i), "20");
     Use(file.Text());
-    ExpectError(ErrorOf([&] { controller.InitDevice("Other"); }), kErrOverflow, kRegisters, "Overflow");
+    ExpectError([&] { controller.InitDevice("Other"); }, kErrOverflow, kRegisters, "Overflow");
     ExpectBoardUntouched();
 }
 

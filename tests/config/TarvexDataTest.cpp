@@ -23,7 +23,7 @@ protected:
 TEST_F(TarvexDataTest, RaisesWhileItIsNotInitialized)
 {
     const auto expectRefused = [](auto action) {
-        ExpectError(ErrorOf(action), 1000, "TarvexData", "TarvexData must be initialized before use.");
+        ExpectError(action, 1000, "TarvexData", "TarvexData must be initialized before use.");
     };
     expectRefused([&] { data.Path(); });
     expectRefused([&] { data.RootNode(); });
@@ -38,9 +38,9 @@ TEST_F(TarvexDataTest, RaisesWhileItIsNotInitialized)
 TEST_F(TarvexDataTest, OpensWhatIsThereWellFormedAndNewEnough)
 {
     EXPECT_FALSE(data.InitToRead("/f.xml"));
-    const auto error = ErrorOf([&] { Open("<SignalTarvex version=\"2.5.0\">"); });
+    ExpectError([&] { Open("<SignalTarvex version=\"2.5.0\">"); }, 403, "TarvexData::OpenXMLFile",
+                "Failed to open /f.xml-line 1, column 31: the document ends inside an element");
     EXPECT_FALSE(data.LastErrorText().empty());
-    ExpectError(error, 403, "TarvexData::OpenXMLFile", "Failed to open /f.xml-" + data.LastErrorText());
     EXPECT_FALSE(data.IsInitialized());
     const struct {
         const char* version;
@@ -78,7 +78,7 @@ TEST_F(TarvexDataTest, ChecksTheVendor)
     for (const char* vid : {"012C5", "12C5 ", "4805", ""}) {
         file.vid = vid;
         ASSERT_TRUE(Open(file.Text()));
-        ExpectError(ErrorOf([&] { data.CheckVendorID(0x12C5); }), 1001, "TarvexData::CheckVendorID",
+        ExpectError([&] { data.CheckVendorID(0x12C5); }, 1001, "TarvexData::CheckVendorID",
                     "Supplied vendorID parameter does not match the VID in /f.xml");
     }
 }
@@ -115,7 +115,7 @@ TEST_F(TarvexDataTest, ListsProductsAndTheirLinks)
     EXPECT_EQ(data.SupportedCommList("Second"), (std::vector<std::string>{"USB", "Net"}));
     EXPECT_TRUE(data.SupportedCommList("second").empty());
     ASSERT_TRUE(Open("<SignalTarvex version=\"2.5.0\"/>"));
-    ExpectError(ErrorOf([&] { data.ProductNameList(); }), 1001, "TarvexData::ProductList property",
+    ExpectError([&] { data.ProductNameList(); }, 1001, "TarvexData::ProductList property",
                 "No Functional Components found in file /f.xml");
 }
 
@@ -134,9 +134,9 @@ TEST_F(TarvexDataTest, MakesTheProductOfABoard)
     EXPECT_EQ(ossary->BoardID(), 0xC0A0);
     EXPECT_EQ(data.GetProduct(0xC4A0, 1)->Name(), "Cendra");
     EXPECT_FALSE(data.GetProduct(0xC4A1, 1));
-    ExpectError(ErrorOf([&] { data.GetProduct(1, 1); }), 1001, "TarvexData::DoCreateProduct",
+    ExpectError([&] { data.GetProduct(1, 1); }, 1001, "TarvexData::DoCreateProduct",
                 "Unable to find IProductClassName");
-    ExpectError(ErrorOf([&] { data.GetProduct(2, 1); }), 1001, "TarvexData::GetProduct", "Invalid XML file");
+    ExpectError([&] { data.GetProduct(2, 1); }, 1001, "TarvexData::GetProduct", "Invalid XML file");
 }
 
 TEST(MinInitVersion, FollowsTheProduct)

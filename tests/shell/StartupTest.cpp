@@ -31,7 +31,7 @@ protected:
 TEST_F(StartupTest, TakesItsStepsInOrder)
 {
     state_.libraryVersionText = state_.firmwareVersionText = state_.g_minInitVersion = "stale";
-    preferences_.serial.baudRate = 1;
+    preferences_.serial.text = "stale";
     settings_.values[{"UserPreferences", "COM_Port"}] = "4";
     {
         Startup startup(services_, dependencies_, settings_, mainView_);
@@ -45,7 +45,7 @@ TEST_F(StartupTest, TakesItsStepsInOrder)
     }
     EXPECT_EQ(TakeJournal(), (Lines{"main: Attach no", "Demo device: Disconnect", "Demo device: gone"}));
     EXPECT_EQ(state_.libraryVersionText + state_.firmwareVersionText + state_.g_minInitVersion, "2.4.0");
-    EXPECT_EQ(preferences_.serial.baudRate, 9600);
+    EXPECT_EQ(preferences_.serial.text, "");
     EXPECT_EQ(preferences_.serial.comPort, 4);
     EXPECT_EQ(preferences_.serial.kind, kSerialPortKind);
 }

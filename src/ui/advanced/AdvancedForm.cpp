@@ -64,7 +64,13 @@ void AdvancedForm::ShowNetworkAddress(bool visible)
 
 void AdvancedForm::ShowSerialSettings(bool visible) { menus_->ShowEntry("SerialPortSettings", visible); }
 
-void AdvancedForm::LayOut() { adjustSize(); }
+void AdvancedForm::LayOut()
+{
+    // The longest of the usual status texts is to be read whole.
+    const int textWidth = fontMetrics().horizontalAdvance(
+        "Vexlon-Fx supports multiple communication links.  Select one on the Communication menu to connect.   ");
+    resize(sizeHint().expandedTo(QSize(textWidth, 0)));
+}
 
 void AdvancedForm::SetStatusRefreshInterval(std::int32_t milliseconds)
 {
@@ -138,9 +144,8 @@ void AdvancedForm::OpenDataFile(const std::string& path) { board_->OpenDataFile(
 
 void AdvancedForm::UpdateUI(std::int32_t kind, const std::string& name) { board_->ShowChange(kind, name); }
 
-void AdvancedForm::CommFailure(const std::string& text)
+void AdvancedForm::CommFailure(const std::string&)
 {
-    services_.errorLog.LogError(text, 0, "AdvancedForm::CommFailure");
     DisplayStatusMessage("Comm Failure recieved in Advanced Form");
 }
 

@@ -66,9 +66,6 @@ void AdvancedForm::BuildControls()
     column->addWidget(grid_, 1);
     column->addLayout(below);
     setCentralWidget(page);
-    // The longest of the usual status texts is to be read whole.
-    setMinimumWidth(fontMetrics().horizontalAdvance(
-        "Vexlon-Fx supports multiple communication links.  Select one on the Communication menu to connect.   "));
 }
 
 void AdvancedForm::BuildStatusBar()
@@ -77,6 +74,7 @@ void AdvancedForm::BuildStatusBar()
     message_ = Add<QLabel>(*statusBar(), "Message", "Status");
     message_->setTextFormat(Qt::PlainText);
     message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long text must not widen the window
+    message_->setIndent(fontMetrics().averageCharWidth());
     statusBar()->addWidget(message_, 1);
     ProgressBar1 = Add<QProgressBar>(*statusBar(), "ProgressBar1", "Progress");
     ProgressBar1->setFixedWidth(fontMetrics().averageCharWidth() * 24);

@@ -3,7 +3,8 @@
 #include "base/Error.h"
 #include "model/RegisterObject.h"
 
-#include <algorithm>
+#include <unordered_set>
+#include <utility>
 
 namespace tarvex {
 
@@ -14,7 +15,15 @@ constexpr int kFailuresTolerated = 5;
 /// The changed marks of a register and of all that are transferred after it.
 class Marks {
 public:
-    explicit Marks(const std::shared_ptr<RegisterObject>& first) { Keep(first); }
+    explicit Marks(const std::shared_ptr<RegisterObject>& first)
+    {
+        Keep(first);
+        for (std::size_t i = 0; i < marks_.size(); ++i) {
+            const auto kept = marks_[i].first;
+            for (const auto& dependency : kept->Dependencies())
+                Keep(dependency);
+        }
+    }
 
     void Restore() const
     {
@@ -25,15 +34,12 @@ public:
 private:
     void Keep(const std::shared_ptr<RegisterObject>& object)
     {
-        const auto known = [&](const auto& mark) { return mark.first == object; };
-        if (std::any_of(marks_.begin(), marks_.end(), known))
-            return;
-        marks_.emplace_back(object, object->IsDirty());
-        for (const auto& dependency : object->Dependencies())
-            Keep(dependency);
+        if (known_.insert(object.get()).second)
+            marks_.emplace_back(object, object->IsDirty());
     }
 
     std::vector<std::pair<std::shared_ptr<RegisterObject>, bool>> marks_;
+    std::unordered_set<const RegisterObject*> known_;
 };
 
 /// Ends the display of a run however it ends.

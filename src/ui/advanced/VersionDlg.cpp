@@ -1,6 +1,5 @@
 #include "ui/advanced/VersionDlg.h"
 
-#include "BuildDate.h"
 #include "base/Version.h"
 #include "ui/common/WindowTools.h"
 
@@ -35,7 +34,7 @@ VersionDlg::VersionDlg(const ProgramState& state, QWidget* parent) : QDialog(par
     QFont large = font();
     large.setPointSizeF(large.pointSizeF() * 1.4);
     findChild<QLabel*>("LBL_Title")->setFont(large);
-    AddLine(*this, "LBL_Built", ToQt(std::string("Built: ") + kBuildDate));
+    AddLine(*this, "LBL_Built", ToQt("Built: " + BuildDateText()));
     AddLine(*this, "LBL_Copyright", kLegalNotice);
     const auto orNone = [](const std::string& text) { return text.empty() ? std::string("not connected") : text; };
     AddLine(*this, "LBL_LibVersion", ToQt("Serial network library: " + orNone(state.libraryVersionText)));
