@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QWheelEvent>
+#include <QtTest/qtestspontaneevent.h>
 
 #include <gtest/gtest.h>
 
@@ -247,7 +248,8 @@ TEST_F(RegisterDisplayTest, FollowsTheWheelOverItsCells)
     Fill(40);
     const auto turn = [&](int angle) {
         QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, angle}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(ShownRows()[4]->Control(3), &wheel);
+        QSpontaneKeyEvent::setSpontaneous(&wheel); // only a user's turn goes on to the parent
+        qApp->notify(ShownRows()[4]->Control(3), &wheel);
     };
     turn(-120);
     ExpectShown(QApplication::wheelScrollLines(), 16);
