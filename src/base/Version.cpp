@@ -40,6 +40,8 @@ bool IsVersionAtLeast(std::string_view version, std::string_view minimum)
     return left && right && *left >= *right;
 }
 
+std::string BuildDateText() { return kBuildDate; }
+
 std::string AppVersionString()
 {
     return "v" + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +

@@ -13,4 +13,7 @@ bool IsVersionAtLeast(std::string_view version, std::string_view minimum);
 /// The program's own version, such as v1.4.1.
 std::string AppVersionString();
 
+/// The day on which the program was built, such as November 23, 2009.
+std::string BuildDateText();
+
 }

@@ -7,6 +7,9 @@ namespace tarvex {
 
 class IUserPrompts;
 
+/// What the simulated board calls itself. The name by which it is chosen is "Demo".
+inline constexpr const char* kDemoDeviceType = "Demo device";
+
 /// A simulated board that keeps register values in memory, so that everything can be tried without hardware. It
 /// declares no events. Reading and writing work also while it is not connected.
 class DemoDevice : public IDevice {
@@ -17,7 +20,7 @@ private:
     std::int32_t IDevice_ProductID() override { return 1; }
     std::int32_t IDevice_ProductVendorID() override { return 0; }
     std::string IDevice_productName() override { return "Demo device has no name"; }
-    std::string IDevice_DeviceType() override { return "Demo device"; }
+    std::string IDevice_DeviceType() override { return kDemoDeviceType; }
     bool IDevice_IsConnected() override { return connected_; }
     std::string IDevice_DevicePath() override { return {}; }
     std::string IDevice_FirmwareVersion() override { return "v0.0"; }

@@ -38,7 +38,7 @@ public:
     std::int32_t WriteBitsetValue(IDevice& device);
 
 private:
-    RegisterObject& Parent() const;
+    RegisterObject& Parent(const char* source) const;
 
     std::string name_;
     std::shared_ptr<RegisterObject> parent_;

@@ -3,9 +3,12 @@
 #include "base/Types.h"
 #include "comm/api/IDevice.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tarvex {
@@ -23,7 +26,8 @@ public:
     /// An 8-bit register with all bits clear.
     RegisterObject();
 
-    /// Sets address, width (a multiple of 8 up to 24) and texts, clears bits and flags; the dependencies stay.
+    /// Sets address, width (a multiple of 8 up to 24) and texts, clears bits, flags and bit descriptions; the
+    /// dependencies stay. Raises 12 for a width whose values do not fit a signed 32-bit number, and for none.
     void Init(std::int32_t baseAddress, std::int32_t address, std::int16_t reference, std::int16_t bitCount,
               std::string name, std::string description);
 
@@ -33,25 +37,26 @@ public:
     std::int32_t Address() const { return address_; }
     /// Position in its register list of the init file.
     std::int16_t Reference() const { return reference_; }
-    std::int16_t MaxBits() const { return static_cast<std::int16_t>(bits_.size()); }
-    std::int32_t MaxValue() const { return (std::int32_t{1} << bits_.size()) - 1; }
+    std::int16_t MaxBits() const { return static_cast<std::int16_t>(flags_.size()); }
+    std::int32_t MaxValue() const { return static_cast<std::int32_t>((std::uint32_t{1} << flags_.size()) - 1); }
     std::int32_t MinValue() const { return 0; }
 
     /// True when the value was changed since the last transfer.
     bool IsDirty() const { return dirty_; }
     void IsDirty(bool dirty) { dirty_ = dirty; }
 
-    std::int32_t value() const;
+    std::int32_t value() const { return static_cast<std::int32_t>(bits_); }
     /// Sets the value and marks the register changed; the value it has already changes nothing. Raises 10 outside
     /// MinValue to MaxValue.
     void value(std::int32_t newValue);
 
     /// Reads the register and then its dependencies from the board; returns the value. The changed mark is taken away
-    /// first. Bytes that the board does not deliver leave their bits alone, surplus bytes are passed over. Device
+    /// first. Bytes that the board does not deliver leave their bits alone, surplus bytes are passed over. A register
+    /// that is being transferred already is passed over, so registers may depend on each other in a circle. Device
     /// errors reach the caller.
     std::int32_t ReadValue(IDevice& device, std::int16_t aspi);
     /// Writes the register and then its dependencies to the board and takes the changed mark away. Device errors
-    /// reach the caller and leave the mark.
+    /// reach the caller and leave the mark. Circles as for ReadValue.
     void WriteValue(IDevice& device, std::int16_t aspi);
 
     /// Sets and clears flags of one bit; raises 10 for an index at or above MaxBits, 9 for a negative one.
@@ -62,27 +67,35 @@ public:
     void SetBit(std::int16_t bit, bool set);
     bool GetBit(std::int16_t bit) const;
     std::int16_t GetBitFlags(std::int16_t bit) const;
-    void SetBitDescription(std::int16_t bit, std::string text);
-    const std::string& GetBitDescription(std::int16_t bit) const;
+    /// A text ends at its first zero character.
+    void SetBitDescription(std::int16_t bit, std::string_view text);
+    std::string GetBitDescription(std::int16_t bit) const;
 
     /// Adds a register that is read and written after this one; adding it twice transfers it twice.
     void AddDependency(std::shared_ptr<RegisterObject> other);
+    const std::vector<std::shared_ptr<RegisterObject>>& Dependencies() const { return dependencies_; }
     /// Drops all dependencies; the owner calls it so that registers that depend on each other in a circle can die.
     void ClearDependencies() { dependencies_.clear(); }
 
 private:
-    std::size_t CheckedIndex(std::int16_t bit, const char* operation, const char* what) const;
+    class Transfer;
+
+    std::int16_t ByteCount() const { return static_cast<std::int16_t>((MaxBits() + 7) / 8); }
+    void ReadAlone(IDevice& device, std::int16_t aspi);
+    void WriteAlone(IDevice& device, std::int16_t aspi);
+    void CheckIndex(std::int16_t bit, const char* source, const char* what) const;
+    std::pair<std::size_t, std::size_t> DescriptionRange(std::int16_t bit) const;
 
     std::int32_t baseAddress_ = 0;
     std::int32_t address_ = 0;
+    std::uint32_t bits_ = 0;
     std::int16_t reference_ = 8;
-    std::string name_;
-    std::string description_;
     bool dirty_ = false;
     bool transferring_ = false;
-    Bits bits_;
-    std::vector<std::int16_t> flags_;
-    std::vector<std::string> bitDescriptions_;
+    std::string name_;
+    std::string description_;
+    std::vector<std::int16_t> flags_; ///< one for each bit of the register's width
+    std::string bitDescriptions_;     ///< empty, or each bit's text with a zero behind it: a device has many registers
     std::vector<std::shared_ptr<RegisterObject>> dependencies_;
 };
 

@@ -7,7 +7,6 @@
 #include "comm/api/IDevice.h"
 #include "config/TarvexController.h"
 #include "config/TarvexData.h"
-#include "platform/IClock.h"
 #include "platform/IFileSystem.h"
 #include "platform/IUserPrompts.h"
 #include "shell/CommandLine.h"
@@ -21,8 +20,12 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace tarvex {
+
+struct WizardStart;
 
 inline constexpr std::int32_t kVendorId = 0x12C5;
 
@@ -61,9 +64,12 @@ public:
     const std::string& TargetSaveFileName() const { return targetSaveFileName_; }
     IWizardView* CurrentWizForm() const { return currentWizard_; }
     void CurrentWizForm(IWizardView* wizard) { currentWizard_ = wizard; }
-    TarvexController& controller() { return *controller_; }
+    /// Raises 5 before Run made it and after the self-test dropped it.
+    TarvexController& controller();
     /// The link in use, or none.
     const std::shared_ptr<IDevice>& device() const { return device_; }
+    /// True when the program can make a link of this name.
+    bool HasLink(const std::string& name) const { return services_.links.contains(name); }
     /// True when the command line asked for demo mode, in which every link is the demo board.
     bool IsDemoMode() const { return commandLine_.demo; }
 
@@ -74,18 +80,45 @@ public:
     void NotifyCommFailure(const std::string& text);
     /// Tells all other views of a change; `sender` is none for the main window itself.
     void UpdateAllViews(const IWizardView* sender, std::int32_t kind, const std::string& name);
-    /// Shows the view of a product, or with "AdvancedForm" the main window beside the wizard `current`.
+    /// Shows the view of a product, or with "AdvancedForm" the main window beside the wizard `current`. False when
+    /// nothing was shown.
     bool OpenView(const std::string& product, IWizardView* current);
+    /// Hides the main window or the Vexlon wizard, whichever the product is shown in.
     void CloseView(const std::string& product);
-    bool IsWizardOpen() const;
-    /// Replaces the link; unknown names change nothing.
+    /// True when a wizard window exists, shown or hidden.
+    bool IsWizardOpen() const { return !wizards_.empty(); }
+    /// Disconnects the link in use and puts another one in its place. The link's own name and unknown names change
+    /// nothing; "Ethernet" and "TCP_IP" leave no device, of which no event tells.
     void SelectCommLink(const std::string& name);
     /// False when the path is the init file itself, by whatever spelling.
     bool TestForApplicationReservedFilepath(const std::string& path);
 
-    // The implementer adds the private state and steps.
-
 private:
+    void OpenPacketLog();
+    void ReadInitFile();
+    void LoadInitFileCopy();
+    [[noreturn]] void RefuseInitFile(std::string_view reason);
+    void ProcessCommandLineModes();
+    void RunSelfTest();
+    void RunBatch();
+    void LogPacketHeader();
+    void ChooseWorkingFile();
+    void ShowMainView();
+    void StartWizard();
+    void StartWizard(const WizardStart& start);
+    [[noreturn]] void FailWizard(const std::string& reason);
+    std::string MakeInitFileCopyForSaving();
+
+    IWizardView* MakeWizard(WizardKind kind);
+    IWizardView* FindWizard(WizardKind kind) const;
+    void UnloadWizard(const IWizardView* wizard);
+    bool OpenMainViewBeside(IWizardView* current);
+    bool OpenVexlonWizard(const std::string& product);
+    bool MakeVexlonWizard(const std::string& product);
+    bool BindVexlonWizard(IWizardView& wizard, const std::string& product);
+    void ConnectDevice();
+    void ReleaseDevice();
+
     DocumentServices services_;
     CommandLine commandLine_;
     WorkingCopies copies_;
@@ -96,6 +129,8 @@ private:
     std::shared_ptr<IDevice> device_;
     IMainView* mainView_ = nullptr;
     std::map<WizardKind, std::unique_ptr<IWizardView>> wizards_;
+    /// Unloaded wizards. One of them may have asked for its own end and is then still at work.
+    std::vector<std::unique_ptr<IWizardView>> retiredWizards_;
     IWizardView* currentWizard_ = nullptr;
 };
 

@@ -27,6 +27,9 @@ public:
     void LogText(std::string_view line) noexcept override;
 
 private:
+    /// Makes the line only while a log is open.
+    template <class MakeLine> void WriteLine(const MakeLine& makeLine) noexcept;
+
     IFileSystem& files_;
     IClock& clock_;
     std::unique_ptr<ITextStream> stream_;

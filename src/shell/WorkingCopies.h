@@ -1,9 +1,9 @@
 #pragma once
 
-#include "base/ProgramState.h"
 #include "platform/IFileSystem.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tarvex {
@@ -12,7 +12,7 @@ namespace tarvex {
 /// process did not create stays.
 class WorkingCopies {
 public:
-    WorkingCopies(IFileSystem& files, const ProgramState& state) : files_(files), state_(state) {}
+    explicit WorkingCopies(IFileSystem& files) : files_(files) {}
     ~WorkingCopies();
     WorkingCopies(const WorkingCopies&) = delete;
     WorkingCopies& operator=(const WorkingCopies&) = delete;
@@ -24,9 +24,16 @@ public:
     /// Deletes copies of the init file that processes left behind which live no longer.
     void SweepLeftovers(const std::string& initFilepath);
 
+    /// True for a copy that this process made.
+    bool Owns(const std::string& path) const;
+
+    /// Deletes what this process created so far. A file that cannot be deleted stays.
+    void DeleteAll() noexcept;
+
 private:
+    bool IsLeftover(std::string_view name, std::string_view stem);
+
     IFileSystem& files_;
-    const ProgramState& state_;
     std::vector<std::string> created_;
 };
 

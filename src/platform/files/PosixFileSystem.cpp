@@ -133,21 +133,20 @@ std::string PosixFileSystem::ReadWholeFile(const std::string& path, std::size_t 
     if (fstat(file.Number(), &status) != 0)
         RaiseFromErrno(operation, path);
     std::string content;
-    auto room = static_cast<std::size_t>(status.st_size);
-    long count = 0;
-    do {
-        // One byte more than the limit tells a file that grows meanwhile from one that fits.
+    auto expected = static_cast<std::size_t>(status.st_size);
+    while (true) {
         const std::size_t before = content.size();
-        if (std::max(room, before) > limit)
+        expected = std::max(expected, before);
+        if (expected > limit)
             Raise(ObjectError(1), operation, path + ": File larger than " + std::to_string(limit) + " bytes");
-        room = std::max(room, before) + 1;
-        content.resize(room);
-        count = ReadSome(file, content.data() + before, room - before);
+        content.resize(expected + 1); // one byte more, to see the end of a file that grew meanwhile
+        const long count = ReadSome(file, content.data() + before, content.size() - before);
         if (count < 0)
             RaiseFromErrno(operation, path);
         content.resize(before + static_cast<std::size_t>(count));
-    } while (count > 0);
-    return content;
+        if (count == 0)
+            return content;
+    }
 }
 
 std::unique_ptr<ITextStream> PosixFileSystem::OpenText(const std::string& path, OpenMode mode)

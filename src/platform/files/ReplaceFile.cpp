@@ -56,6 +56,8 @@ public:
         folderPath_ = target.has_parent_path() ? target.parent_path().string() : ".";
         folder_ = Descriptor(open(folderPath_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
         Check(static_cast<bool>(folder_));
+        if (name_.empty())
+            Raise(ObjectError(1), kOperation, path_ + ": Not a regular file");
     }
 
     ~Replacement()
@@ -78,7 +80,7 @@ public:
         Check(close(file.Release()) == 0);
         Check(renameat(folder_.Number(), sibling_.c_str(), folder_.Number(), name_.c_str()) == 0);
         sibling_.clear();
-        Check(fsync(folder_.Number()) == 0);
+        Check(fsync(folder_.Number()) == 0 || errno == EINVAL); // some file systems cannot flush a folder
     }
 
 private:

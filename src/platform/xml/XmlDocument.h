@@ -59,8 +59,8 @@ private:
 };
 
 /// One XML document in memory. What it loads is checked before the library sees it: files above 64 MiB, elements
-/// nested deeper than 64 or with more than 64 attributes and document type declarations are refused, so that no file,
-/// however hostile, costs more than a second.
+/// nested deeper than 64 or with more than 64 attributes, more than 4 million tags and attributes and document type
+/// declarations are refused, so that no file, however hostile, costs more than about a second.
 class XmlDocument {
 public:
     XmlDocument();

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "base/Event.h"
+#include "ui/advanced/UI_RegisterItemLayout.h"
 
 #include <QWidget>
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -12,6 +14,7 @@
 namespace tarvex {
 
 class ItemObject;
+struct ItemEvents;
 class UI_RegisterItem;
 
 enum class ScrollDirection : std::int16_t { Vertical = 0, Horizontal = 1 };
@@ -59,7 +62,57 @@ public:
     int ValueColumnLeft() const;
     int BitColumnLeft() const;
 
-    // The implementer adds the private state.
+    int BitColumnWidth() const;
+    /// How many rows the last scroll filled again; the others only moved.
+    int RefilledRows() const { return refilledRows_; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    static constexpr int kRows = 16;
+
+    void CheckItemIndex(int index) const;
+    void CheckDisplayItemIndex(int position) const;
+    ItemObject& ItemAt(std::int16_t index);
+    bool InView(int item) const;
+    /// The row that shows the item: the pool is a ring, so that a scroll moves the rows whose items stay in view.
+    UI_RegisterItem& RowOf(int item) const;
+    UI_RegisterItem& RowAtPosition(int position) const;
+    int ItemOfRow(int row) const;
+
+    void FillRow(int item);
+    void FillRowsFrom(int firstPosition, int lastPosition);
+    void PlaceRows();
+    void LinkTabOrder();
+    void Relayout();
+    void GoToItem(int item, int column);
+    void AskToScroll(int position);
+
+    void SubscribeToItems();
+    void SubscribeToRow(int row);
+    void ehItemObject_ValueChanged(std::int16_t index, std::int32_t value);
+    void ehItemObject_BitRestrictionChanged(std::int16_t bit, std::int16_t flags, std::int16_t index);
+    void ehItemObject_BitPromptChanged(std::int16_t bit, const std::string& text, std::int16_t index);
+    void ehItemObject_NameTipChanged(std::int16_t index, const std::string& text);
+    void ehRow_ValueChange(int row, std::int32_t value);
+
+    std::unique_ptr<ItemEvents> itemEvents_;
+    std::vector<std::unique_ptr<ItemObject>> items_;
+    std::array<UI_RegisterItem*, kRows> rows_{};
+    UI_RegisterItemLayout layout_;
+    int rowsInUse_ = kRows;
+    int first_ = 0;
+    int refilledRows_ = 0;
+    int wheelAngle_ = 0;
+    bool scrolling_ = false;
+    bool echoing_ = false;
+    std::vector<Subscription> subscriptions_;
 };
 
 }

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace tarvex {
+
+class RegisterObject;
+class TarvexGroup;
+class TarvexProperty;
+
+/// What one device consists of, in file order and by name: built aside, and put in place of the running map only when
+/// it is whole. Views share its registers and may outlive it; the registers' dependencies end with it.
+struct RegisterMap {
+    std::vector<std::shared_ptr<RegisterObject>> registers;
+    std::unordered_map<std::string, std::size_t> registerPositions;
+    std::vector<std::shared_ptr<TarvexGroup>> groups;
+    std::vector<std::shared_ptr<TarvexProperty>> properties;
+    std::unordered_map<std::string, std::size_t> propertyPositions;
+
+    RegisterMap() = default;
+    RegisterMap(RegisterMap&&) = default;
+    /// Exchanges the two, so that what was here before ends properly with the other.
+    RegisterMap& operator=(RegisterMap&& other) noexcept;
+    /// Registers may depend on each other in a circle, which would keep them alive for ever.
+    ~RegisterMap();
+
+    /// Adds a register; false when its name is taken.
+    bool AddRegister(std::shared_ptr<RegisterObject> added);
+    /// Adds a property; the first one of a name is the one that is found.
+    void AddProperty(std::shared_ptr<TarvexProperty> added);
+    /// The register or property of exactly this name, or none.
+    std::shared_ptr<RegisterObject> FindRegister(const std::string& name) const;
+    std::shared_ptr<TarvexProperty> FindProperty(const std::string& name) const;
+};
+
+/// One device as the file describes it: its identity and its map.
+struct DeviceMap {
+    std::string deviceName;
+    std::string componentName;
+    std::int32_t productId = 0;
+    std::int32_t boardId = 0;
+    RegisterMap map;
+};
+
+}

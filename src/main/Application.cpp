@@ -1,0 +1,102 @@
+#include "main/Application.h"
+
+#include "base/Text.h"
+#include "comm/DemoDevice.h"
+#include "main/ExitSignals.h"
+#include "main/ProgramPaths.h"
+#include "platform/SystemClock.h"
+#include "platform/files/PosixFileSystem.h"
+#include "platform/xml/XmlDocument.h"
+#include "platform/zorbus/SimulatedNorvaneSystem.h"
+#include "shell/ErrorLog.h"
+#include "shell/InitFileSearch.h"
+#include "shell/Startup.h"
+#include "ui/advanced/AdvancedForm.h"
+#include "ui/common/Guarded.h"
+#include "ui/common/QtWait.h"
+#include "ui/common/SettingsStore.h"
+#include "ui/common/WindowTools.h"
+#include "ui/prompts/UserPrompts.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QTimer>
+
+namespace tarvex {
+
+namespace {
+
+/// All parts of the program in the order in which they need each other; they die in the opposite order.
+class Application {
+public:
+    explicit Application(const std::string& commandLine)
+        : state_(StateOfThisProcess()), errorLog_(files_, "TarvexError.log"), packetLog_(files_, clock_), wait_(busy_),
+          prompts_(files_.FindOwnFile(state_.programFolder + "/" + kHelpFileName)),
+          settings_(SettingsStore::DefaultPath(state_.programFileName)),
+          mainWindow_({state_, preferences_, settings_, files_, clock_, prompts_, errorLog_, wait_, busy_}),
+          startup_(Services(commandLine), Libraries(), settings_, mainWindow_), signals_(busy_)
+    {
+        UncaughtErrors::Install(&errorLog_, &prompts_);
+    }
+
+    ~Application()
+    {
+        if (ExitState::KeptWindow() != &mainWindow_)
+            mainWindow_.Unload();
+        UncaughtErrors::Install(nullptr, nullptr);
+    }
+
+    int Run()
+    {
+        QTimer::singleShot(0, &mainWindow_, [this] { Guarded([this] { RunStartup(); }); });
+        QApplication::exec();
+        return ExitState::Code();
+    }
+
+private:
+    void RunStartup()
+    {
+        startup_.Run();
+        if (!mainWindow_.isVisible() && QApplication::topLevelWidgets().isEmpty())
+            ExitApplication(0);
+    }
+
+    DocumentServices Services(const std::string& commandLine)
+    {
+        DocumentServices services{state_,       files_, errorLog_, packetLog_, prompts_,
+                                  preferences_, {},     {},        {},         commandLine};
+        services.links["Demo"] = [this] { return std::make_shared<DemoDevice>(prompts_); };
+        return services;
+    }
+
+    static Dependencies Libraries()
+    {
+        return {XmlDocument::Version, [] { return std::make_shared<SimulatedNorvaneSystem>(); }};
+    }
+
+    ProgramState state_;
+    PosixFileSystem files_;
+    SystemClock clock_;
+    ErrorLog errorLog_;
+    PacketLog packetLog_;
+    Preferences preferences_;
+    BusyState busy_;
+    QtWait wait_;
+    UserPrompts prompts_;
+    SettingsStore settings_;
+    AdvancedForm mainWindow_;
+    Startup startup_;
+    ExitSignals signals_;
+};
+
+}
+
+int RunApplication(const std::string& commandLine)
+{
+    QApplication::setQuitOnLastWindowClosed(false); // a wizard runs with the main window hidden
+    Application application(commandLine);
+    QApplication::setWindowIcon(QIcon(QApplication::applicationDirPath() + "/Images/tarvex.png"));
+    return application.Run();
+}
+
+}

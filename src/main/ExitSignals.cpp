@@ -1,0 +1,47 @@
+#include "main/ExitSignals.h"
+
+#include "base/ExitRequest.h"
+#include "ui/common/Guarded.h"
+
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace tarvex {
+
+namespace {
+
+std::array<int, 2> g_pipe{-1, -1}; // a signal handler can reach nothing else
+
+void HandleSignal(int)
+{
+    const char byte = 0;
+    [[maybe_unused]] const auto written = write(g_pipe[1], &byte, 1);
+}
+
+}
+
+ExitSignals::ExitSignals(BusyState& busy)
+{
+    if (pipe2(g_pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        return;
+    notifier_ = std::make_unique<QSocketNotifier>(g_pipe[0], QSocketNotifier::Read);
+    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this, &busy] {
+        notifier_->setEnabled(false);
+        Guarded([&] { busy.WhenIdle("ExitSignal", [] { ExitApplication(0); }); });
+    });
+    std::signal(SIGTERM, HandleSignal);
+    std::signal(SIGINT, HandleSignal);
+}
+
+ExitSignals::~ExitSignals()
+{
+    std::signal(SIGTERM, SIG_DFL);
+    std::signal(SIGINT, SIG_DFL);
+    for (int& end : g_pipe) {
+        close(end);
+        end = -1;
+    }
+}
+
+}

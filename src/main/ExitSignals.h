@@ -1,0 +1,25 @@
+#pragma once
+
+#include "ui/common/BusyState.h"
+
+#include <QSocketNotifier>
+
+#include <array>
+#include <memory>
+
+namespace tarvex {
+
+/// Turns SIGTERM and SIGINT into a request to end the program with code 0, so that preferences are saved and working
+/// copies deleted. While a sequence of transfers runs the request waits for its end.
+class ExitSignals {
+public:
+    explicit ExitSignals(BusyState& busy);
+    ~ExitSignals();
+    ExitSignals(const ExitSignals&) = delete;
+    ExitSignals& operator=(const ExitSignals&) = delete;
+
+private:
+    std::unique_ptr<QSocketNotifier> notifier_;
+};
+
+}

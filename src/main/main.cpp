@@ -1,0 +1,40 @@
+#include "main/Application.h"
+
+#include <QApplication>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+constexpr int kExitNoDisplay = 8;
+
+bool HasDisplay()
+{
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (const char* value = std::getenv(name); value && *value)
+            return true;
+    return false;
+}
+
+std::string JoinedArguments(int count, char** arguments)
+{
+    std::string joined;
+    for (int i = 1; i < count; ++i)
+        joined += (i > 1 ? " " : "") + std::string(arguments[i]);
+    return joined;
+}
+
+}
+
+int main(int argumentCount, char** arguments)
+{
+    if (!HasDisplay()) {
+        std::fputs("Tarvex needs a display: set DISPLAY or WAYLAND_DISPLAY and start it again.\n", stderr);
+        return kExitNoDisplay;
+    }
+    int programNameOnly = 1; // switches are the program's own, none is for the toolkit
+    QApplication application(programNameOnly, arguments);
+    return tarvex::RunApplication(JoinedArguments(argumentCount, arguments));
+}

@@ -1,0 +1,237 @@
+#include "ui/advanced/BoardActions.h"
+
+#include "base/Error.h"
+#include "comm/DemoDevice.h"
+#include "config/MinInitVersion.h"
+#include "model/Bitset.h"
+#include "model/RegisterObject.h"
+#include "model/TarvexProperty.h"
+#include "shell/Document.h"
+
+#include <algorithm>
+
+namespace tarvex {
+
+BoardActions::UserAction::UserAction(BoardActions& actions) : actions_(actions), outer_(actions.inUserAction_)
+{
+    actions_.inUserAction_ = true;
+    if (!outer_)
+        actions_.readWanted_ = actions_.loadWanted_ = false;
+}
+
+BoardActions::BoardActions(Document& document, IRegisterView& view, BoardActionServices services)
+    : document_(document), controller_(document.controller()), view_(view), services_(std::move(services)),
+      link_(document)
+{
+    TarvexController& controller = document.controller();
+    subscriptions_.push_back(controller.DeviceNamesChanged.Subscribe([this](const auto&) { ShowProducts(); }));
+    subscriptions_.push_back(controller.CurrentProductChanged.Subscribe(
+        [this](std::int32_t, std::int32_t, const std::string& product) { ProductChanged(product); }));
+    subscriptions_.push_back(controller.DataFileOpened.Subscribe(
+        [this](const std::string& product, const std::string& path) { FileOpened(product, path); }));
+    subscriptions_.push_back(document.CommLinkChanged.Subscribe([this](const auto&) { LinkChanged(); }));
+    link_.BindDevice();
+    ShowProducts();
+    ShowLinks();
+}
+
+BoardActions::~BoardActions() = default;
+
+void BoardActions::SelectProduct(const std::string& product)
+{
+    if (product == controller_.deviceName())
+        return;
+    const UserAction action(*this);
+    if (!controller_.InitDevice(product))
+        Raise(101, "AdvancedForm::ProductMenu_Click", "Invalid XML file.  Product " + product + " not found.");
+    services_.state.g_minInitVersion = MinInitVersionForProduct(product);
+    ChooseLinkForProduct(product);
+    FinishAction();
+}
+
+void BoardActions::SelectLink(const std::string& link)
+{
+    const UserAction action(*this);
+    const auto before = document_.device();
+    document_.SelectCommLink(link);
+    const bool replaced = document_.device() != before;
+    if (!replaced && link_.DeviceType() != link) {
+        services_.statusLine.DisplayStatusMessage("The communication link " + link + " is not available.");
+    } else if (!link_.IsConnected()) {
+        readWanted_ = link_.Connect();
+        if (!readWanted_ && !link_.IsDemo())
+            Connecting();
+    }
+    ShowLinks();
+    FinishAction();
+}
+
+bool BoardActions::OpenDataFile(const std::string& path)
+{
+    const UserAction action(*this);
+    view_.RealTime(false);
+    if (!document_.TestForApplicationReservedFilepath(path)) {
+        services_.prompts.Tell(path + " is a reserved complete filename. Please select another file.",
+                               "Reserved File Selected");
+        return false;
+    }
+    if (!controller_.InitDeviceFromFile(path)) {
+        Tell("Unable to open file " + path + ". See TarvexError.log for details");
+        return false;
+    }
+    FinishAction();
+    return true;
+}
+
+void BoardActions::Saved(const std::string& path)
+{
+    fileName_ = path;
+    modified_ = false;
+}
+
+std::string BoardActions::SelectedProductName() const { return shownProduct_; }
+
+void BoardActions::ProductChanged(const std::string& product)
+{
+    shownProduct_ = product;
+    fileName_.clear();
+    modified_ = false;
+    lastReadIncomplete_ = false;
+    view_.ShowTitle("Tarvex");
+    if (IsFixedAddressProduct(product))
+        view_.ShowTarget("0x333", "1");
+    FillGrid();
+    ShowProducts();
+    ShowLinks();
+    view_.EnableTransfers(true);
+    if (services_.preferences.autoConnect && inUserAction_)
+        readWanted_ = true;
+}
+
+void BoardActions::LinkChanged()
+{
+    link_.BindDevice();
+    ShowLinks();
+    if (controller_.deviceName().empty() || !view_.IsViewVisible())
+        return;
+    services_.statusLine.DisplayStatusMessage("Changing underlying communication link.");
+    const auto busy = services_.beginBusy();
+    link_.Connect();
+    readWanted_ = inUserAction_;
+}
+
+void BoardActions::FileOpened(const std::string& product, const std::string& path)
+{
+    const bool otherProduct = product != shownProduct_;
+    shownProduct_ = product;
+    fileName_ = path;
+    modified_ = false;
+    lastReadIncomplete_ = false;
+    view_.ShowTitle("Tarvex-Advanced View-" + path);
+    FillGrid();
+    ShowProducts();
+    view_.EnableTransfers(true);
+    if (otherProduct) {
+        services_.state.g_minInitVersion = MinInitVersionForProduct(product);
+        ChooseLinkForProduct(product);
+        readWanted_ = false; // a read would overwrite what the file holds
+        services_.statusLine.DisplayStatusMessage(path + " holds settings of " + product + ".");
+    } else {
+        loadWanted_ = inUserAction_ && services_.preferences.autoLoadFileOpen;
+    }
+}
+
+void BoardActions::ChooseLinkForProduct(const std::string& product)
+{
+    const ProductRules rules = RulesForProduct(product);
+    view_.ShowRules(rules);
+    if (!rules.defaultLink.empty())
+        document_.SelectCommLink(rules.defaultLink);
+    const auto links = controller_.GetCommLinkNames(product);
+    if (links.size() == 1)
+        document_.SelectCommLink(links.front());
+    else
+        services_.statusLine.DisplayStatusMessage(
+            product + " supports multiple communication links.  Select one on the Communication menu to connect.");
+    ShowLinks();
+}
+
+void BoardActions::ShowProducts()
+{
+    std::vector<MenuChoice> products;
+    try {
+        for (const std::string& name : controller_.GetDeviceNames(kAllOptions, kRegisterProtocol))
+            products.push_back({name, name == controller_.deviceName()});
+    } catch (const Error&) {
+        services_.errorLog.LogCurrentError(); // the menu says that there is none
+    }
+    view_.ShowProducts(products);
+}
+
+void BoardActions::ShowLinks()
+{
+    if (document_.IsDemoMode() && link_.IsDemo()) {
+        view_.ShowLinks({{kDemoDeviceType, true}});
+        return;
+    }
+    std::vector<MenuChoice> links;
+    if (!controller_.deviceName().empty())
+        for (const std::string& name : controller_.GetCommLinkNames(controller_.deviceName()))
+            links.push_back({name, name == (link_.IsDemo() ? "Demo" : link_.DeviceType())});
+    view_.ShowLinks(links);
+}
+
+void BoardActions::Showing(const std::function<void()>& show)
+{
+    const bool outer = showing_;
+    showing_ = true;
+    show();
+    showing_ = outer;
+}
+
+void BoardActions::FillGrid()
+{
+    Showing([this] { view_.FillGrid(); });
+    ready_ = true;
+}
+
+void BoardActions::FinishAction()
+{
+    const bool read = readWanted_ && view_.IsViewVisible();
+    const bool load = loadWanted_ && view_.IsViewVisible();
+    readWanted_ = loadWanted_ = false;
+    if (read)
+        ReadIfLinkAnswers();
+    else if (load)
+        LoadConfiguration();
+}
+
+void BoardActions::ShowChange(std::int32_t kind, const std::string& name)
+{
+    if (name.empty())
+        return;
+    if (kind == kRegisterChanged)
+        ShowRegister(name);
+    if (kind == kPropertyChanged) {
+        std::vector<std::string> names;
+        controller_.GetPropertyByName(name)->GetConstituents(names);
+        std::for_each(names.begin(), names.end(), [this](const std::string& each) { ShowRegister(each); });
+    }
+}
+
+void BoardActions::ShowRegister(const std::string& name)
+{
+    const std::int16_t position = controller_.GetI2CRegisterIndex(name);
+    if (position >= 0)
+        Showing([&] { view_.ShowValue(position); });
+}
+
+void BoardActions::Tell(const std::string& text)
+{
+    if (view_.IsViewVisible())
+        services_.prompts.Tell(text);
+    else
+        services_.statusLine.DisplayStatusMessage(text);
+}
+
+}

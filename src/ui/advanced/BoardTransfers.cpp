@@ -1,0 +1,186 @@
+#include "base/Error.h"
+#include "model/RegisterObject.h"
+#include "shell/Document.h"
+#include "ui/advanced/BoardActions.h"
+
+namespace tarvex {
+
+bool BoardActions::LinkAnswers()
+{
+    const auto busy = services_.beginBusy();
+    try {
+        return link_.Verify();
+    } catch (const Error&) {
+        services_.errorLog.LogCurrentError();
+        return false;
+    }
+}
+
+void BoardActions::ReadConfiguration()
+{
+    const UserAction action(*this);
+    if (!link_.IsConnected() && link_.Device() && !link_.IsDemo() && !LinkAnswers() && Connecting())
+        return;
+    ReadIfLinkAnswers();
+}
+
+void BoardActions::ReadIfLinkAnswers()
+{
+    if (LinkAnswers())
+        ReadAll();
+    else
+        Tell("Unable to connect or verify communications to device " + controller_.deviceName() + " on " +
+             link_.DeviceType());
+}
+
+bool BoardActions::Connecting()
+{
+    const std::string name = link_.Device()->Browse();
+    if (name.empty() || !services_.prompts.Ask("Connect now to device " + name))
+        return false;
+    bool connected = false;
+    {
+        const auto busy = services_.beginBusy();
+        connected = controller_.ConnectDevice(name, *link_.Device());
+    }
+    readWanted_ = false; // the read that follows a connection is this one
+    if (!connected) {
+        Tell("Unable to connect to " + name);
+        return false;
+    }
+    ReadAll();
+    view_.EnableTransfers(true);
+    services_.statusLine.DisplayStatusMessage("Connected to " + name);
+    return true;
+}
+
+TransferResult BoardActions::Run(const Registers& registers, Direction direction)
+{
+    const auto busy = services_.beginBusy();
+    const auto device = document_.device(); // stays while its transfers run
+    RegisterTransfer transfer(*device, link_.Counts(), services_.errorLog);
+    if (registers.size() > 1)
+        transfer.ShowOn(services_.progress, services_.statusLine, services_.wait);
+    return (transfer.*direction)(registers);
+}
+
+void BoardActions::ReadAll()
+{
+    const bool realTime = view_.RealTime();
+    view_.RealTime(false);
+    ready_ = false;
+    controller_.SetProgressBar(&services_.progress);
+    const TransferResult result = Run(AllRegisters(controller_), &RegisterTransfer::Read);
+    Showing([this] { view_.ShowAllValues(); });
+    ready_ = true;
+    view_.RealTime(realTime);
+    lastReadIncomplete_ = !result.Complete();
+    document_.UpdateAllViews(nullptr, kEverythingChanged, "");
+    Report("read", result);
+}
+
+void BoardActions::LoadConfiguration()
+{
+    const UserAction action(*this);
+    bool connected = false;
+    {
+        const auto busy = services_.beginBusy();
+        connected = link_.Connect();
+    }
+    if (!connected) {
+        Tell("Failed to connect to " + controller_.deviceName());
+        return;
+    }
+    auto registers = ChangedRegisters(controller_);
+    if (registers.empty() && lastReadIncomplete_) {
+        services_.statusLine.DisplayStatusMessage("Not every register could be read. Read the configuration again.");
+        return;
+    }
+    if (registers.empty()) {
+        if (!services_.prompts.Ask(
+                "No register data to write, application is in sync with device.  Resend all anyway?"))
+            return;
+        registers = AllRegisters(controller_);
+    }
+    Write(registers);
+}
+
+void BoardActions::Write(const Registers& registers)
+{
+    const TransferResult result = Run(registers, &RegisterTransfer::Write);
+    document_.UpdateAllViews(nullptr, kEverythingChanged, "");
+    Report("written", result);
+}
+
+void BoardActions::ReadSingleRegister(const std::string& name)
+{
+    const UserAction action(*this);
+    const auto object = controller_.GetI2CRegisterByName(name);
+    if (!LinkAnswers()) {
+        Tell("Unable to connect or verify communications to device " + controller_.deviceName() + " on " +
+             link_.DeviceType());
+        return;
+    }
+    const TransferResult result = Run({object}, &RegisterTransfer::Read);
+    Showing([this] { view_.ShowAllValues(); }); // the registers that depend on it were read, too
+    document_.UpdateAllViews(nullptr, kRegisterChanged, name);
+    Report("read", result);
+}
+
+void BoardActions::EditRegister(const std::string& name, std::int32_t value)
+{
+    if (showing_)
+        return;
+    const UserAction action(*this);
+    const auto object = controller_.GetI2CRegisterByName(name);
+    const std::int32_t old = object->value();
+    try {
+        object->value(value);
+    } catch (const Error&) {
+        services_.errorLog.LogCurrentError();
+        ShowRegister(name); // which has kept its old value
+        return;
+    }
+    const bool changed = value != old;
+    modified_ = modified_ || changed;
+    if (ready_ && view_.RealTime() && (changed || !secondaryView_))
+        WriteOne(object);
+}
+
+void BoardActions::WriteOne(const std::shared_ptr<RegisterObject>& object)
+{
+    TransferResult result;
+    if (document_.device())
+        result = Run({object}, &RegisterTransfer::Write);
+    else
+        result.failed = 1;
+    document_.UpdateAllViews(nullptr, kRegisterChanged, object->Name());
+    if (!result.Complete())
+        services_.statusLine.DisplayStatusMessage("Failed to write " + object->Name() +
+                                                  ". It stays marked for Load Configuration.");
+    if (!result.error.empty())
+        Tell(result.error);
+}
+
+void BoardActions::RealTimeTicked()
+{
+    if (view_.RealTime() && !LinkAnswers()) {
+        view_.RealTime(false);
+        services_.statusLine.DisplayStatusMessage("The board does not answer: Real Time Update stays off.");
+    }
+}
+
+void BoardActions::Report(const char* verb, const TransferResult& result)
+{
+    std::string text = std::to_string(result.done) + (result.done == 1 ? " register " : " registers ") + verb + ", " +
+                       (result.failed == 0 ? "none" : std::to_string(result.failed)) + " failed.";
+    if (result.stopped)
+        text += " Stopped after too many failures.";
+    if (result.cancelled)
+        text += " Cancelled with Escape.";
+    services_.statusLine.DisplayStatusMessage(text);
+    if (!result.error.empty())
+        Tell(result.error);
+}
+
+}

@@ -1,0 +1,78 @@
+#include "ui/advanced/FileActions.h"
+
+#include "base/Error.h"
+#include "shell/Document.h"
+
+namespace tarvex {
+
+namespace {
+
+constexpr const char* kFilter = "XML (*.xml)|*.xml|All (*.*)|*.*";
+constexpr const char* kExtension = "xml";
+
+std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('/')); }
+
+}
+
+void FileActions::Open()
+{
+    const auto path = prompts_.AskOpenFile({"Open", folder_, "", kFilter, kExtension});
+    if (!path || path->empty())
+        return;
+    folder_ = FolderOf(*path);
+    board_.OpenDataFile(*path);
+}
+
+bool FileActions::Save()
+{
+    if (board_.FileName().empty())
+        return SaveAs();
+    if (board_.IsModified())
+        return Write(board_.FileName());
+    statusLine_.DisplayStatusMessage("Nothing was edited since the file was opened or saved.");
+    return true;
+}
+
+std::optional<std::string> FileActions::AskSaveName()
+{
+    auto path = prompts_.AskSaveFile({"Save As", folder_, board_.FileName(), kFilter, kExtension});
+    if (!path || path->empty())
+        return std::nullopt;
+    if (document_.TestForApplicationReservedFilepath(*path))
+        return path;
+    prompts_.Tell(*path + " is a reserved complete filename. Please select another file.", "Reserved File Selected");
+    return std::nullopt;
+}
+
+bool FileActions::SaveAs()
+{
+    const auto path = AskSaveName();
+    return path && Write(*path);
+}
+
+bool FileActions::Write(const std::string& path)
+{
+    std::string failure;
+    try {
+        write_(path);
+    } catch (const Error& error) {
+        failure = error.Description();
+    }
+    if (!failure.empty()) {
+        prompts_.Tell("Error while saving file " + path + ". " + failure);
+        return false;
+    }
+    folder_ = FolderOf(path);
+    board_.Saved(path);
+    statusLine_.DisplayStatusMessage(path + " saved.");
+    return true;
+}
+
+bool FileActions::ConfirmClose()
+{
+    if (!board_.IsModified() || !prompts_.Ask("Save " + board_.FileName() + " file before closing"))
+        return true;
+    return SaveAs();
+}
+
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/IUserPrompts.h"
+#include "ui/advanced/BoardActions.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace tarvex {
+
+/// The user's data files in the main window: open, save, and the question before closing. The main window owns it.
+class FileActions {
+public:
+    /// `write` writes the current settings to a path and raises when that fails.
+    FileActions(Document& document, BoardActions& board, IUserPrompts& prompts, IStatusLine& statusLine,
+                std::function<void(const std::string&)> write)
+        : document_(document), board_(board), prompts_(prompts), statusLine_(statusLine), write_(std::move(write))
+    {}
+
+    /// The folder in which the file dialog opens first.
+    void StartFolder(std::string folder) { folder_ = std::move(folder); }
+    void Open();
+    /// Writes to the current file when something was edited; asks for a name when there is none. False when not
+    /// written.
+    bool Save();
+    /// False when the user cancelled or the file could not be written.
+    bool SaveAs();
+    /// Asks about unsaved edits; false when the window has to stay.
+    bool ConfirmClose();
+
+private:
+    std::optional<std::string> AskSaveName();
+    bool Write(const std::string& path);
+
+    Document& document_;
+    BoardActions& board_;
+    IUserPrompts& prompts_;
+    IStatusLine& statusLine_;
+    std::function<void(const std::string&)> write_;
+    std::string folder_;
+};
+
+}

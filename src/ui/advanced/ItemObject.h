@@ -1,0 +1,90 @@
+#pragma once
+
+#include "base/Event.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvex {
+
+class ItemObject;
+
+inline constexpr std::string_view kRegisterRowType = "UI_LineItem_UI_Type_Register";
+
+/// What the items of one list tell; one set serves all of them, since every event names the item by its index.
+struct ItemEvents {
+    /// Index, value.
+    Event<ItemObject, std::int16_t, std::int32_t> ValueChanged;
+    /// Bit, flag word, index.
+    Event<ItemObject, std::int16_t, std::int16_t, std::int16_t> BitRestrictionChanged;
+    /// Bit, text, index.
+    Event<ItemObject, std::int16_t, const std::string&, std::int16_t> BitPromptChanged;
+    /// Index, text.
+    Event<ItemObject, std::int16_t, const std::string&> NameTipChanged;
+};
+
+/// The model of one row: what the register display knows of one register, in view or not. The display owns it.
+class ItemObject {
+public:
+    static constexpr std::int16_t kMaxBits = 16;
+
+    /// An empty item that raises through these events, which outlive it.
+    explicit ItemObject(ItemEvents& events) : events_(&events) {}
+
+    /// The row type is a text that outlives the item. Tool tips, restrictions and prompts are cleared.
+    void Init(std::int16_t index, std::string name, std::string group, std::int32_t value, std::int32_t maximum,
+              std::int32_t minimum, std::string_view rowType);
+
+    /// Takes another name, group and value and keeps the rest; raises nothing.
+    void Update(std::string name, std::string group, std::int32_t value);
+
+    std::int16_t index() const { return index_; }
+    const std::string& Name() const { return name_; }
+    const std::string& Group() const { return group_; }
+    std::int32_t MaxValue() const { return maximum_; }
+    std::int32_t MinValue() const { return minimum_; }
+    std::string_view UI_Type() const { return rowType_; }
+    std::int32_t value() const { return value_; }
+    /// A value outside the limits is ignored; ValueChanged is raised with the stored value in any case.
+    void value(std::int32_t newValue);
+    /// How many bits the maximum has, at most 16.
+    std::int16_t BitCount() const;
+    /// True when the value does not fit the eight bits of a row.
+    bool IsTooWide() const { return maximum_ > kMaxRowValue; }
+    /// Lets the item hold a value of any width.
+    void SetTooWide();
+
+    const std::string& NameToolTip() const { return nameToolTip_; }
+    void NameToolTip(const std::string& text);
+    const std::string& GroupToolTip() const { return groupToolTip_; }
+    void GroupToolTip(const std::string& text) { groupToolTip_ = text; }
+
+    /// Raises 0x80040001 for a bit outside the item's bits.
+    void SetRestrictedBit(std::int16_t bit, std::int16_t flags);
+    /// Raises 9 for a bit outside the item's bits, as do the next two.
+    std::int16_t GetRestrictedBit(std::int16_t bit) const;
+    void SetBitPrompt(std::int16_t bit, const std::string& text);
+    const std::string& GetBitPrompt(std::int16_t bit) const;
+
+private:
+    static constexpr std::int32_t kMaxRowValue = 255;
+    void CheckBit(std::int16_t bit, const char* source) const;
+
+    ItemEvents* events_;
+    std::string name_;
+    std::string group_;
+    std::string nameToolTip_;
+    std::string groupToolTip_;
+    std::string_view rowType_;
+    std::vector<std::string> prompts_; // empty until the first prompt is set: most bits have none
+    std::array<std::int16_t, kMaxBits> restrictions_{};
+    std::int32_t value_ = 0;
+    std::int32_t maximum_ = kMaxRowValue;
+    std::int32_t minimum_ = 0;
+    std::int16_t index_ = 0;
+};
+
+}

@@ -1,0 +1,35 @@
+#include "ui/advanced/ProductRules.h"
+
+#include <array>
+#include <string_view>
+
+namespace tarvex {
+
+namespace {
+
+struct Row {
+    std::string_view word;
+    const char* link;
+    bool serialSettings;
+    bool networkAddress;
+};
+
+constexpr std::array<Row, 3> kRows{{
+    {"Vexlon", "USB-HID Device", false, false},
+    {"Cendra", "SerialZorbus", true, true},
+    {"Ossary", "SerialZorbus", true, true},
+}};
+
+}
+
+ProductRules RulesForProduct(const std::string& product)
+{
+    for (const Row& row : kRows)
+        if (product.find(row.word) != std::string::npos)
+            return {row.link, row.serialSettings, row.networkAddress};
+    return {"", false, true};
+}
+
+bool IsFixedAddressProduct(const std::string& product) { return product == "Ossary-Plus"; }
+
+}

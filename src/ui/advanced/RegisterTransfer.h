@@ -1,0 +1,69 @@
+#pragma once
+
+#include "base/IErrorLog.h"
+#include "comm/api/IDevice.h"
+#include "config/IConfigController.h"
+#include "config/IProgress.h"
+#include "platform/IWait.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tarvex {
+
+class RegisterObject;
+
+/// How the transfers of a run ended, as the events of the link in use tell it. Whoever binds the link counts here.
+struct TransferCounts {
+    int failures = 0;
+    int successes = 0;
+};
+
+/// What came of a run of register transfers.
+struct TransferResult {
+    int done = 0; ///< registers transferred without a failure
+    int failed = 0;
+    bool stopped = false;   ///< ended early after too many failures
+    bool cancelled = false; ///< ended early by Escape
+    std::string error;      ///< text of the first error that the link raised, or empty
+
+    bool Complete() const { return failed == 0 && !stopped && !cancelled; }
+};
+
+/// Reads and writes registers one after another, with progress, and keeps their changed marks honest: a register whose
+/// read failed is marked as it was before, one whose write failed stays marked. It speaks to hardware through the
+/// device handed in; one object serves one run.
+class RegisterTransfer {
+public:
+    RegisterTransfer(IDevice& device, const TransferCounts& counts, IErrorLog& errorLog)
+        : device_(device), counts_(counts), errorLog_(errorLog)
+    {}
+
+    /// Shows a run to the user and lets him end it between two registers.
+    void ShowOn(IProgress& progress, IStatusLine& statusLine, IWait& wait);
+
+    TransferResult Read(const std::vector<std::shared_ptr<RegisterObject>>& registers);
+    TransferResult Write(const std::vector<std::shared_ptr<RegisterObject>>& registers);
+
+private:
+    enum class Direction { Read, Write };
+    using Registers = std::vector<std::shared_ptr<RegisterObject>>;
+    template <class Transfer> TransferResult Run(const Registers& registers, Direction direction, Transfer transfer);
+    bool Announce(const RegisterObject& next, const char* what, TransferResult& result);
+    /// Carries out one transfer; false when it failed.
+    template <class Transfer> bool Succeeds(Transfer transfer, TransferResult& result);
+
+    IDevice& device_;
+    const TransferCounts& counts_;
+    IErrorLog& errorLog_;
+    IProgress* progress_ = nullptr;
+    IStatusLine* statusLine_ = nullptr;
+    IWait* wait_ = nullptr;
+};
+
+/// All registers of the controller, or only those that are marked changed, in reading order.
+std::vector<std::shared_ptr<RegisterObject>> AllRegisters(IConfigController& controller);
+std::vector<std::shared_ptr<RegisterObject>> ChangedRegisters(IConfigController& controller);
+
+}

@@ -1,0 +1,68 @@
+#include "bench/Report.h"
+#include "support/InitFileBuilder.h"
+#include "support/TemporaryFolder.h"
+#include "support/driver/ProgramDriver.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+
+namespace tarvex::bench {
+
+namespace {
+
+constexpr int kRegisters = 10'000;
+
+/// KiB of memory that a process has for itself, the pages of files aside.
+double OwnMemory(pid_t process)
+{
+    std::ifstream file("/proc/" + std::to_string(process) + "/smaps_rollup");
+    for (std::string word; file >> word;) {
+        double kibibytes = 0;
+        if (word == "Anonymous:" && file >> kibibytes)
+            return kibibytes;
+    }
+    throw std::runtime_error("the memory of the process cannot be read");
+}
+
+double BareWindow()
+{
+    const TemporaryFolder folder;
+    ProgramDriver driven({TARVEX_BARE_WINDOW, {}, folder.path, {}, {}});
+    driven.WaitShown("BareWindow");
+    return OwnMemory(driven.Pid());
+}
+
+/// The program in a folder of its own, whose init file describes the large board, with that board chosen.
+double TarvexWithLargeBoard()
+{
+    namespace fs = std::filesystem;
+    const TemporaryFolder folder;
+    const fs::path program = fs::path(folder.path) / "program";
+    fs::create_directory(program);
+    fs::copy_file(TARVEX_PROGRAM, program / "tarvex");
+    folder.Write("program/Tarvex.xml", ManyRegisters(kRegisters).Text());
+
+    ProgramDriver driven({program / "tarvex", {"-demo"}, folder.path, {}, {}});
+    driven.WaitShown("AdvancedForm");
+    driven.Menu("ProductMenu_0");
+    driven.WaitText("UI_RegisterItem_0/NameLabel", "Register 0");
+    return OwnMemory(driven.Pid());
+}
+
+}
+
+}
+
+int main()
+{
+    using namespace tarvex::bench;
+    const double bare = BareWindow();
+    const double ours = TarvexWithLargeBoard();
+    std::printf("    bare window %.0f KiB, Tarvex with 10,000 registers %.0f KiB\n", bare, ours);
+    const bool kept =
+        Report("memory above a bare window, 10,000 registers", (ours - bare) / kRegisters, 1.5, "KiB a register");
+    return kept ? EXIT_SUCCESS : EXIT_FAILURE;
+}

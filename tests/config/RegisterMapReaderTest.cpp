@@ -1,0 +1,112 @@
+#include "config/ControllerFixture.h"
+
+#include "model/Bitset.h"
+
+namespace tarvex {
+namespace {
+
+TEST_F(ControllerTest, BuildsRegistersAsTheFileSays)
+{
+    InitFileBuilder file;
+    file.registers =
+        RegisterXml("Gain", "2A",
+                    Xml("Description", " two words ") + Xml("Default", "A5") + BitsXml("ReadOnly", "4:7", "State") +
+                        BitsXml("Reserved", "0") + BitsXml("WriteOnly", "1") + BitsXml("ReadWrite", "2", "") +
+                        BitsXml("readwrite", "3", "x")) +
+        RegisterXml("Offset", "21", Xml("Default", ""));
+    file.moreLists = Xml("RegisterList baseAddress=\"00C4\" description=\"Second\"", RegisterXml("Plain", "7FFFFFFF"));
+    UseBoard(file);
+    ASSERT_EQ(controller.GetI2CRegisterCount(), 3);
+    const RegisterObject& gain = *controller.GetI2CRegister(0);
+    EXPECT_EQ(gain.Name(), "Gain");
+    EXPECT_EQ(gain.Description(), " two words ");
+    EXPECT_EQ(gain.BaseAddress(), 0x0451);
+    EXPECT_EQ(gain.Address(), 0x2A);
+    EXPECT_EQ(gain.value(), 0xA5);
+    EXPECT_FALSE(gain.IsDirty());
+    const std::int16_t flags[] = {128, 4, 2, 0, 1, 1, 1, 1};
+    const char* descriptions[] = {"", "", "", "x", "State", "State", "State", "State"};
+    for (std::int16_t bit = 0; bit < 8; ++bit) {
+        EXPECT_EQ(gain.GetBitFlags(bit), flags[bit]) << bit;
+        EXPECT_EQ(gain.GetBitDescription(bit), descriptions[bit]) << bit;
+    }
+    EXPECT_EQ(controller.GetI2CRegister(1)->value(), 0);
+    EXPECT_EQ(controller.GetI2CRegister(1)->Reference(), 1);
+    const RegisterObject& plain = *controller.GetI2CRegister(2);
+    EXPECT_EQ(plain.BaseAddress(), 0xC4);
+    EXPECT_EQ(plain.Address(), 0x7FFFFFFF);
+    EXPECT_EQ(plain.Reference(), 0);
+}
+
+TEST_F(ControllerTest, KeepsWiderRegistersAboveAOneByteDefaultClear)
+{
+    InitFileBuilder file;
+    file.wordSize = "2";
+    file.registers = RegisterXml("Wide", "20", Xml("Default", "FF") + BitsXml("ReadOnly", "9")) +
+                     RegisterXml("Full", "21", Xml("Default", "1234"));
+    file.properties = PropertyXml("P", FieldXml("F", "Wide", "8,9", "0:7,0:7"));
+    UseBoard(file);
+    EXPECT_EQ(controller.GetI2CRegister(0)->MaxBits(), 16);
+    EXPECT_EQ(controller.GetI2CRegister(0)->value(), 0xFF);
+    EXPECT_EQ(controller.GetI2CRegister(0)->GetBitFlags(9), 1);
+    EXPECT_EQ(controller.GetI2CRegister(1)->value(), 0x1234);
+}
+
+TEST_F(ControllerTest, BuildsPropertiesAsTheFileSays)
+{
+    InitFileBuilder file;
+    file.properties =
+        PropertyXml("Size", Xml("UI", "Range") + Xml("HelpTip", "size.rtf") + Xml("ImageFile", "size.jpg") +
+                                Xml("Description", "How large") + Xml("Prompt", "First?") + FieldXml("LSB", "Offset") +
+                                Xml("Prompt", "Second?") + FieldXml("MSB", "Gain", "1,4:7")) +
+        PropertyXml("Plain", FieldXml("Bit", "Gain", "0", ""));
+    UseBoard(file);
+    ASSERT_EQ(controller.GetPropertyCount(), 2);
+    const auto size = controller.GetPropertyByName("Size");
+    EXPECT_EQ(controller.GetProperty(0), size);
+    EXPECT_EQ(size->WidgetType(), "Range");
+    EXPECT_EQ(size->helpTip(), "size.rtf");
+    EXPECT_EQ(size->ImageFilepath(), "size.jpg");
+    EXPECT_EQ(size->Description(), "How large");
+    EXPECT_EQ(size->Prompts(), (std::vector<std::string>{"First?", "Second?"}));
+    EXPECT_EQ(size->GetBitset(0)->ParentRegister(), "Offset");
+    EXPECT_EQ(controller.GetPropertyBitsetByName("Size", "MSB")->GetBitParentIndex(1), 4);
+    EXPECT_EQ(controller.GetProperty(1)->WidgetType(), "None");
+    EXPECT_EQ(controller.GetProperty(1)->BitsetCount(), 1);
+}
+
+TEST_F(ControllerTest, LooksForNamesOnlyWhereTheyBelong)
+{
+    InitFileBuilder first;
+    first.component = "Gain"; // the component, a link and a field are named like the device of the second component
+    first.device = "Decoy";
+    first.links = InitFileBuilder::LinkXml("Gain", "NVSignalProcessing");
+    first.properties = PropertyXml("Gain", FieldXml("Gain", "Gain"));
+    InitFileBuilder second;
+    second.component = "Second";
+    second.device = "Gain";
+    second.identity = Xml("PID", "7") + Xml("BoardID", "8") + Xml("ConfigInterface", "i2c");
+    Use(first.Text(second.Component()));
+    ASSERT_TRUE(controller.InitDevice("Gain"));
+    EXPECT_EQ(controller.pid(), 7);
+    EXPECT_EQ(controller.GetComponentName("Gain"), "Second");
+}
+
+TEST_F(ControllerTest, FreesRegistersThatDependOnEachOther)
+{
+    InitFileBuilder file;
+    file.registers =
+        RegisterXml("Gain", "20", Xml("Dependency", "Offset")) + RegisterXml("Offset", "21", Xml("Dependency", "Gain"));
+    UseBoard(file);
+    const std::weak_ptr<RegisterObject> first = kept;
+    kept.reset();
+    Use(InitFileBuilder().Text());
+    ASSERT_TRUE(controller.InitDevice("Board"));
+    EXPECT_TRUE(first.expired());
+    file.registers += RegisterXml("Bad", "x");
+    Use(file.Text());
+    EXPECT_TRUE(ErrorOf([&] { controller.InitDevice("Board"); })); // the leak check sees what this left behind
+}
+
+}
+}

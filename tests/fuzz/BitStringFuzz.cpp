@@ -1,0 +1,55 @@
+#include "Require.h"
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "model/BitConversions.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace tarvex {
+
+namespace {
+
+void CheckListForm(std::string_view text)
+{
+    const bool isClean = text.find_first_not_of("0123456789,:") == std::string_view::npos;
+    Bits bits;
+    try {
+        const std::int16_t marks = ParseBitString(text, bits);
+        Require(isClean, "a foreign character is refused");
+        Require(bits.size() >= 8, "there are at least eight bits");
+        Require(std::count(bits.begin(), bits.end(), true) <= marks, "every bit that is set was marked");
+        for (const char letter : text)
+            if (letter >= '0' && letter <= '9' && text.find(':') == std::string_view::npos)
+                Require(bits[static_cast<std::size_t>(letter - '0')], "every position named is set");
+    } catch (const Error& error) {
+        Require(isClean ? error.Number() == kErrOverflow : error.Number() == ObjectError(100) || text.size() > 3000,
+                "the error is the stated one");
+    }
+}
+
+void CheckDigitForm(std::string_view text)
+{
+    const std::string_view digits = TrimBlanks(text);
+    unsigned expected = 0;
+    for (const char digit : digits.substr(0, 8))
+        expected = expected * 2 + (digit == '1' ? 1 : 0);
+    try {
+        Require(BitStringToByte(text) == expected && digits.size() <= 8, "the byte is that of the digits");
+    } catch (const Error& error) {
+        Require(digits.size() > 8 && error.Number() == ObjectError(0), "only a long text is refused");
+    }
+}
+
+}
+
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    tarvex::CheckListForm(text);
+    tarvex::CheckDigitForm(text);
+    return 0;
+}

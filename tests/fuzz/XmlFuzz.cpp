@@ -1,0 +1,96 @@
+#include "Require.h"
+
+#include "platform/xml/XmlDocument.h"
+#include "platform/xml/XmlGuard.h"
+
+#include <string>
+#include <string_view>
+
+namespace tarvex {
+
+namespace {
+
+bool IsLayout(std::string_view text) { return text.find_first_not_of(" \t\r\n") == std::string_view::npos; }
+
+/// Every element has the same tag and text in both trees. Text of blanks only may be layout, which writing changes.
+void CheckSame(XmlElement left, XmlElement right, int depth)
+{
+    Require(depth <= kXmlMaxDepth, "the depth is limited");
+    Require(left.Tag() == right.Tag(), "the tag is read back");
+    Require(IsLayout(left.Content()) || left.Content() == right.Content(), "the text is read back");
+    XmlElement other = right.FirstChild();
+    for (XmlElement child = left.FirstChild(); child; child = child.NextSibling()) {
+        Require(static_cast<bool>(other), "no child is lost");
+        Require(child.Parent() == left, "a child knows its parent");
+        CheckSame(child, other, depth + 1);
+        other = other.NextSibling();
+    }
+    Require(!other, "no child is added");
+}
+
+std::size_t CountTagged(XmlElement element, std::string_view tag)
+{
+    std::size_t count = 0;
+    for (const XmlElement& child : element.Children())
+        count += (child.Tag() == tag ? 1U : 0U) + CountTagged(child, tag);
+    return count;
+}
+
+void CheckSearches(XmlElement root)
+{
+    const XmlElement last = root.Children().empty() ? root : root.Children().back();
+    Require(root.Descendants(last.Tag()).size() == CountTagged(root, last.Tag()), "every descendant is found");
+    const XmlElement found = root.FindDescendant(last.Tag(), last.Content());
+    Require(last == root || (found.Tag() == last.Tag() && found.Content() == last.Content()), "an element is found");
+}
+
+XmlDocument Reload(const XmlDocument& document)
+{
+    XmlDocument again;
+    Require(again.LoadText(document.ToText()), "what is written can be read");
+    CheckSame(document.Root(), again.Root(), 1);
+    return again;
+}
+
+void Check(std::string_view text)
+{
+    XmlDocument document;
+    if (!document.LoadText(text)) {
+        Require(!document.Root() && document.LastErrorText().starts_with("line "), "a refusal says where");
+        return;
+    }
+    CheckSearches(document.Root());
+    XmlDocument laidOut = Reload(Reload(document));
+    Require(laidOut.ToText() == Reload(laidOut).ToText(), "what was laid out once is written the same again");
+
+    XmlDocument built;
+    XmlElement copy = built.CreateRoot("root").AddCopy(document.Root());
+    CheckSame(document.Root(), copy, 1);
+    copy.SetAttribute("text", text);
+    copy.SetContent(text);
+    CheckSame(copy, copy, 1);
+}
+
+/// Any bytes can be stored, and what is stored can be loaded.
+void CheckStoring(std::string_view text)
+{
+    XmlDocument document;
+    XmlElement root = document.CreateRoot("root");
+    root.SetAttribute("text", text);
+    root.AddChild("text", text);
+    const XmlDocument again = Reload(document);
+    Require(again.Root().Attribute("text") == root.Attribute("text"), "an attribute is read back");
+    Require(again.Root().ChildContent("text") == root.ChildContent("text"), "even blanks are read back");
+}
+
+}
+
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    tarvex::Check(text);
+    tarvex::CheckStoring(text);
+    return 0;
+}

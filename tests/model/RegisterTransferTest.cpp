@@ -1,0 +1,168 @@
+#include "model/RegisterObject.h"
+#include "support/ExpectError.h"
+#include "support/FakeDevice.h"
+
+#include <memory>
+#include <vector>
+
+namespace tarvex {
+namespace {
+
+constexpr std::int32_t kBase = 0x451;
+using Kind = FakeDevice::Kind;
+using Ids = std::vector<std::int32_t>;
+
+/// Registers on one processor; their parameter ids are their numbers.
+class RegisterTransfer : public testing::Test {
+protected:
+    ~RegisterTransfer() override
+    {
+        for (const auto& made : registers)
+            made->ClearDependencies();
+    }
+
+    RegisterObject& Make(std::int16_t bits = 8)
+    {
+        registers.push_back(std::make_shared<RegisterObject>());
+        const auto id = static_cast<std::int16_t>(registers.size() - 1);
+        registers.back()->Init(kBase, id, id, bits, "R", "");
+        return *registers.back();
+    }
+
+    void Depend(std::size_t from, const std::vector<std::size_t>& others)
+    {
+        for (const std::size_t other : others)
+            registers[from]->AddDependency(registers[other]);
+    }
+
+    FakeDevice device;
+    std::vector<std::shared_ptr<RegisterObject>> registers;
+};
+
+TEST_F(RegisterTransfer, LeastSignificantByteTravelsFirst)
+{
+    RegisterObject& wide = Make(16);
+    device.memory[{kBase, 0}] = {0x34, 0x12};
+    EXPECT_EQ(wide.ReadValue(device, 77), 0x1234);
+    wide.value(0xABCD);
+    wide.WriteValue(device, 77);
+    EXPECT_EQ(device.transfers, (std::vector<FakeDevice::Transfer>{{Kind::Read, kBase, 0, {0x34, 0x12}, 77},
+                                                                   {Kind::Write, kBase, 0, {0xCD, 0xAB}, 77}}));
+}
+
+TEST_F(RegisterTransfer, TakesWhatIsDeliveredAndNoMore)
+{
+    RegisterObject& wide = Make(16);
+    wide.value(0x5678);
+    device.memory[{kBase, 0}] = {0x34, 0x12};
+    device.allMute = true;
+    EXPECT_EQ(wide.ReadValue(device, kNoAspi), 0x5678);
+    EXPECT_FALSE(wide.IsDirty());
+    device.allMute = false;
+    device.deliver = 1;
+    EXPECT_EQ(wide.ReadValue(device, kNoAspi), 0x5634);
+    device.deliver.reset();
+    device.surplus = 6;
+    EXPECT_EQ(wide.ReadValue(device, kNoAspi), 0x1234);
+    EXPECT_EQ(wide.MaxBits(), 16);
+}
+
+TEST_F(RegisterTransfer, ErrorOfTheLinkTakesTheMarkOnReadAndLeavesItOnWrite)
+{
+    RegisterObject& made = Make();
+    Make();
+    Depend(0, {1});
+    device.raise = Error(303, "Link::ReadFrom", "Not connected");
+    made.value(7);
+    ExpectError([&] { made.ReadValue(device, kNoAspi); }, 303, "Link::ReadFrom", "Not connected");
+    EXPECT_FALSE(made.IsDirty());
+    EXPECT_EQ(made.value(), 7);
+    made.IsDirty(true);
+    ExpectError([&] { made.WriteValue(device, kNoAspi); }, 303);
+    EXPECT_TRUE(made.IsDirty());
+    EXPECT_TRUE(device.transfers.empty());
+}
+
+TEST_F(RegisterTransfer, DependenciesFollowInOrderWithTheirOwn)
+{
+    for (int i = 0; i < 5; ++i)
+        Make().value(i + 1);
+    Depend(0, {2, 1, 2});
+    Depend(2, {3});
+    registers[0]->WriteValue(device, 77);
+    EXPECT_EQ(device.Parameters(Kind::Write), (Ids{0, 2, 3, 1, 2, 3}));
+    registers[0]->ReadValue(device, 77);
+    EXPECT_EQ(device.Parameters(Kind::Read), (Ids{0, 2, 3, 1, 2, 3}));
+    for (const auto& transfer : device.transfers)
+        EXPECT_EQ(transfer.aspi, transfer.parameterId == 0 ? 77 : kNoAspi);
+    EXPECT_FALSE(registers[3]->IsDirty());
+    EXPECT_TRUE(registers[4]->IsDirty());
+}
+
+TEST_F(RegisterTransfer, WriteClearsTheMarkOnlyAfterTheDependencies)
+{
+    for (int i = 0; i < 4; ++i)
+        Make().value(9);
+    Depend(0, {1, 2, 3});
+    device.raiseAt.emplace(FakeDevice::Place{kBase, 2}, Error(305, "Link::WriteTo", "No"));
+    ExpectError([&] { registers[0]->WriteValue(device, kNoAspi); }, 305);
+    EXPECT_EQ(device.Parameters(Kind::Write), (Ids{0, 1}));
+    EXPECT_TRUE(registers[0]->IsDirty());
+    EXPECT_FALSE(registers[1]->IsDirty());
+    EXPECT_TRUE(registers[2]->IsDirty());
+    device.raiseAt.clear();
+    registers[0]->WriteValue(device, kNoAspi);
+    EXPECT_EQ(device.Parameters(Kind::Write), (Ids{0, 1, 0, 1, 2, 3}));
+}
+
+TEST_F(RegisterTransfer, CirclesEndAndWorkAgainAfterAnError)
+{
+    for (int i = 0; i < 3; ++i)
+        Make();
+    Depend(0, {0, 1});
+    Depend(1, {2, 0});
+    Depend(2, {1});
+    device.raiseAt.emplace(FakeDevice::Place{kBase, 2}, Error(303, "Link::ReadFrom", "No"));
+    ExpectError([&] { registers[0]->ReadValue(device, kNoAspi); }, 303);
+    device.raiseAt.clear();
+    device.transfers.clear();
+    registers[0]->ReadValue(device, kNoAspi);
+    registers[2]->ReadValue(device, kNoAspi);
+    EXPECT_EQ(device.Parameters(Kind::Read), (Ids{0, 1, 2, 2, 1, 0}));
+}
+
+TEST_F(RegisterTransfer, DependencyListMayBeDroppedDuringATransfer)
+{
+    for (int i = 0; i < 3; ++i)
+        Make();
+    Depend(0, {1, 2});
+    device.onTransfer = [&](const FakeDevice::Transfer& transfer) {
+        if (transfer.parameterId == 1) {
+            registers[0]->ClearDependencies();
+            registers.erase(registers.begin() + 1);
+        }
+    };
+    registers[0]->ReadValue(device, kNoAspi);
+    EXPECT_EQ(device.Parameters(Kind::Read), (Ids{0, 1}));
+}
+
+TEST_F(RegisterTransfer, ChainsMayBeAsLongAsADevice)
+{
+    constexpr std::size_t kLength = 300'000;
+    auto first = std::make_shared<RegisterObject>();
+    registers.push_back(first);
+    for (std::size_t i = 1; i < kLength; ++i) {
+        registers.push_back(std::make_shared<RegisterObject>());
+        registers[i - 1]->AddDependency(registers[i]);
+    }
+    first->ReadValue(device, kNoAspi);
+    EXPECT_EQ(device.transfers.size(), kLength);
+}
+
+TEST_F(RegisterTransfer, RefusesNoRegisterAsADependency)
+{
+    ExpectError([&] { Make().AddDependency(nullptr); }, kErrInvalidCall);
+}
+
+}
+}

@@ -1,0 +1,150 @@
+#pragma once
+
+#include "shell/Document.h"
+
+#include "support/ExitCode.h"
+#include "support/FakeClock.h"
+#include "support/FakeErrorLog.h"
+#include "support/FakeFileSystem.h"
+#include "support/FakeMainView.h"
+#include "support/FakeWizardView.h"
+#include "support/InitFileBuilder.h"
+#include "support/ScriptedPrompts.h"
+
+#include "base/Error.h"
+#include "base/Numbers.h"
+
+#include <gtest/gtest.h>
+
+namespace tarvex {
+
+/// A link that writes down when it is made, connected, disconnected and gone.
+class FakeLink : public IDevice {
+public:
+    FakeLink(std::string type, std::vector<std::string>& journal) : type_(std::move(type)), journal_(journal)
+    {
+        Note("made");
+    }
+    ~FakeLink() override { Note("gone"); }
+
+    bool connected = false;
+    bool answers = true;
+    bool failsToDisconnect = false;
+
+private:
+    std::int32_t IDevice_ProductID() override { return 0; }
+    std::int32_t IDevice_ProductVendorID() override { return 0; }
+    std::string IDevice_productName() override { return {}; }
+    std::string IDevice_DeviceType() override { return type_; }
+    bool IDevice_IsConnected() override { return connected; }
+    std::string IDevice_DevicePath() override { return {}; }
+    std::string IDevice_FirmwareVersion() override { return {}; }
+    void IDevice_WriteTo(std::int32_t, std::int32_t, const Bytes&, std::int16_t, std::int16_t) override {}
+    Bytes IDevice_ReadFrom(std::int32_t, std::int32_t, std::int16_t&, std::int16_t) override { return {}; }
+    std::int32_t IDevice_connect(std::int32_t productId, std::int32_t vendorId) override
+    {
+        Note("connect " + ToHex(productId) + " " + ToHex(vendorId));
+        connected = answers;
+        return connected ? 1 : 0;
+    }
+    std::int32_t IDevice_ConnectToPath(const std::string&) override { return 0; }
+    std::int32_t IDevice_Disconnect() override
+    {
+        Note("Disconnect");
+        if (failsToDisconnect)
+            Raise(ObjectError(1), "FakeLink::Disconnect", "stuck");
+        return 0;
+    }
+    std::string IDevice_Browse() override { return {}; }
+    bool IDevice_VerifyCommunications(std::int32_t, std::int32_t) override { return answers; }
+
+    void Note(const std::string& line) { journal_.push_back(type_ + ": " + line); }
+
+    std::string type_;
+    std::vector<std::string>& journal_;
+};
+
+/// An init file with these boards.
+inline std::string InitFileText(const std::vector<std::string>& names, const std::string& version = "2.5.0",
+                                const std::string& vendor = "12C5")
+{
+    InitFileBuilder file;
+    std::string others;
+    for (const std::string& name : names) {
+        file.device = name;
+        others += name == names.back() ? "" : file.Component();
+    }
+    file.version = version;
+    file.vid = vendor;
+    return file.Text(others);
+}
+
+/// A document among fakes, which all write into one journal.
+class DocumentTest : public testing::Test {
+protected:
+    DocumentTest()
+    {
+        state_.programFolder = "/prog";
+        state_.programFileName = "tarvex";
+        state_.rootFolder = "/root";
+        state_.instanceHandle = 42;
+        files_.files["/prog/Tarvex.xml"] =
+            InitFileText({"Vexlon", "Vexlon-Fx_Channel1", "Kestra-Fx", "Cendra", "Ossary", "Ossary-Plus"});
+        services_.links = {{"Demo", LinkMaker("Demo device")},
+                           {"USB-HID Device", LinkMaker("USB-HID Device")},
+                           {"SerialZorbus", LinkMaker("SerialZorbus")}};
+        services_.wizards = {{WizardKind::Vexlon, WizardMaker("Vexlon_Wizard")},
+                             {WizardKind::Cendra, WizardMaker("Cendra_Wizard")},
+                             {WizardKind::AnalogTx, WizardMaker("AnalogTx_Wizard")}};
+    }
+
+    std::function<std::shared_ptr<IDevice>()> LinkMaker(const std::string& type)
+    {
+        return [this, type] {
+            auto link = std::make_shared<FakeLink>(type, journal_);
+            link->answers = linksAnswer_;
+            return link;
+        };
+    }
+
+    std::function<std::unique_ptr<IWizardView>()> WizardMaker(const std::string& label)
+    {
+        return [this, label] {
+            listener_ = document_->controller().CurrentProductChanged.Subscribe(
+                [this](std::int32_t, std::int32_t, const std::string& name) {
+                    journal_.push_back("controller: " + name + " with minimum " + state_.g_minInitVersion);
+                });
+            return std::make_unique<FakeWizardView>(label, script_);
+        };
+    }
+
+    /// Makes a document and runs it; the code with which it ended the program, or none.
+    std::optional<int> Run(const std::string& commandLine)
+    {
+        services_.commandLine = commandLine;
+        document_ = std::make_unique<Document>(services_);
+        return ExitCodeOf([&] { document_->Run(mainView_); });
+    }
+
+    /// What was written down since the last time.
+    std::vector<std::string> TakeJournal() { return std::exchange(journal_, {}); }
+
+    FakeFileSystem files_;
+    FakeErrorLog errors_;
+    FakeClock clock_;
+    PacketLog packetLog_{files_, clock_};
+    ScriptedPrompts prompts_;
+    Preferences preferences_;
+    ProgramState state_;
+    std::vector<std::string> journal_;
+    FakeMainView mainView_{journal_};
+    FakeWizardScript script_{journal_};
+    bool linksAnswer_ = true;
+    DocumentServices services_{state_, files_, errors_, packetLog_, prompts_, preferences_, {}, {}, {}, {}};
+    std::unique_ptr<Document> document_;
+    Subscription listener_;
+};
+
+using Lines = std::vector<std::string>;
+
+}

@@ -1,0 +1,148 @@
+#include "shell/DocumentFixture.h"
+
+#include "support/FailingFileSystem.h"
+
+namespace tarvex {
+
+namespace {
+
+struct Ending {
+    const char* commandLine;
+    int code;
+    std::size_t boxes;
+    std::size_t logEntries;
+};
+
+constexpr Ending kEndings[] = {
+    {"-help", 0, 1, 0},           {"-h -auto", 0, 1, 0},      {"-x", 1, 1, 0},
+    {"-x -help", 1, 1, 0},        {"-auto -x", 1, 0, 0},      {"-auto", 5, 0, 0},
+    {"board.xml -auto", 2, 0, 0}, {"-zb_unit_test", 7, 0, 1},
+};
+
+struct BadInitFile {
+    const char* name;
+    std::string content;
+    const char* reason; // part of what is logged
+};
+
+const BadInitFile kBadInitFiles[] = {
+    {"too old", InitFileText({"Vexlon"}, "2.3.9"), "/prog/Tarvex.xml is below the minimum 2.4.0"},
+    {"other vendor", InitFileText({"Vexlon"}, "2.5.0", "1234"), "does not match the VID"},
+    {"broken", "<SignalTarvex version=\"2.5.0\">", "Failed to open"},
+    {"empty", "", "Failed to open"},
+};
+
+std::string UsageText()
+{
+    struct Reader : ScriptedPrompts {
+        Answer ShowMessage(const MessageBoxRequest& request) override
+        {
+            text = request.text;
+            return Answer::Ok;
+        }
+        std::string text;
+    } reader;
+    ShowUsage(ProgramState{}, reader);
+    return reader.text;
+}
+
+class DocumentRun : public DocumentTest {
+protected:
+    /// Runs into an init file that cannot be used: one line on the error stream, one entry, code 2, no box.
+    void ExpectRefusal(const std::string& reason)
+    {
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(Run("-demo"), 2);
+        const std::string told = testing::internal::GetCapturedStderr();
+        EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+        ASSERT_EQ(errors_.entries.size(), 1U);
+        EXPECT_NE(errors_.entries[0].description.find(reason), std::string::npos) << errors_.entries[0].description;
+        errors_.entries.clear();
+        document_.reset();
+    }
+};
+
+}
+
+TEST_F(DocumentRun, EveryModeEndsWithItsCodeBeforeAnyLinkIsMade)
+{
+    for (const Ending& ending : kEndings) {
+        SCOPED_TRACE(ending.commandLine);
+        const auto shown = prompts_.messages.size();
+        if (ending.code == 1 && ending.boxes == 1)
+            prompts_.ExpectMessage("Unrecognized command line parameter: x");
+        if (ending.code == 0)
+            prompts_.ExpectMessage(UsageText());
+        EXPECT_EQ(Run(ending.commandLine), ending.code);
+        EXPECT_EQ(prompts_.messages.size() - shown, ending.boxes);
+        EXPECT_EQ(errors_.entries.size(), ending.logEntries);
+        EXPECT_EQ(TakeJournal(), Lines());
+        EXPECT_EQ(document_->device(), nullptr);
+    }
+}
+
+TEST_F(DocumentRun, RefusesABadInitFileWithoutABox)
+{
+    for (const BadInitFile& bad : kBadInitFiles) {
+        SCOPED_TRACE(bad.name);
+        files_.files["/prog/Tarvex.xml"] = bad.content;
+        ExpectRefusal(bad.reason);
+        EXPECT_FALSE(files_.FileExists("/tmp/Tarvex42.xml"));
+    }
+}
+
+TEST_F(DocumentRun, DoesNotReadWhatStandsInPlaceOfItsCopy)
+{
+    files_.files["/tmp/Tarvex42.xml"] = files_.files["/prog/Tarvex.xml"];
+    FailingFileSystem failing(files_);
+    failing.failing = {FileOperation::CopyToWorkingFile};
+    DocumentServices services{state_, failing, errors_, packetLog_, prompts_, preferences_, {}, {}, {}, "-demo"};
+    testing::internal::CaptureStderr();
+    Document document(services);
+    EXPECT_EQ(ExitCodeOf([&] { document.Run(mainView_); }), 2);
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("Unable to copy"), std::string::npos);
+}
+
+TEST_F(DocumentRun, ShowsTheMainWindowOnTheDemoLink)
+{
+    files_.files["/tmp/Tarvex7.xml"] = "left behind by a process that is gone";
+    EXPECT_EQ(Run(""), std::nullopt);
+    EXPECT_EQ(TakeJournal(), (Lines{"Demo device: made", "main: Init Demo device", "main: ShowView"}));
+    EXPECT_EQ(state_.g_initFileInfo, "Init file version: 2.5.0 (/prog/Tarvex.xml)");
+    EXPECT_EQ(document_->TargetSaveFileName(), "/tmp/Tarvex42_TempSave_.xml");
+    EXPECT_TRUE(files_.folders.contains("/root"));
+    EXPECT_TRUE(files_.FileExists("/tmp/Tarvex42.xml"));
+    EXPECT_FALSE(files_.FileExists("/tmp/Tarvex7.xml"));
+
+    document_.reset();
+    EXPECT_EQ(TakeJournal(), (Lines{"Demo device: Disconnect", "Demo device: gone"}));
+    EXPECT_FALSE(packetLog_.IsPacketLogging());
+    EXPECT_EQ(files_.ListFolder("/tmp"), Lines());
+    EXPECT_EQ(files_.files["/root/Tarvex_PacketLog_42.txt"],
+              "Beginning packet log for Demo device, PID: 0x0, VID: 0x12C5 [2026-03-04 15:06:07]\n");
+}
+
+TEST_F(DocumentRun, OpensTheDataFileOfTheCommandLineInTheShownWindow)
+{
+    files_.files["/home/Board.xml"] = "data";
+    EXPECT_EQ(Run("/home/Board.xml -demo"), std::nullopt);
+    EXPECT_EQ(TakeJournal(), (Lines{"Demo device: made", "main: Init Demo device", "main: ShowView",
+                                    "main: OpenDataFile /home/Board.xml"}));
+    EXPECT_EQ(document_->TargetSaveFileName(), "/tmp/Board.xml");
+    EXPECT_EQ(files_.files["/tmp/Board.xml"], "data");
+    document_.reset();
+    EXPECT_FALSE(files_.FileExists("/tmp/Board.xml"));
+    EXPECT_TRUE(files_.FileExists("/home/Board.xml"));
+}
+
+TEST_F(DocumentRun, SelfTestLeavesTheMainWindowHiddenAndNoController)
+{
+    std::string report;
+    services_.selfTest = [&](const std::string& path) { report = path; };
+    EXPECT_EQ(Run("-zb_unit_test"), std::nullopt);
+    EXPECT_EQ(report, "/root/Tarvex_UT.txt");
+    EXPECT_EQ(TakeJournal(), Lines{"Demo device: made"});
+    EXPECT_THROW(document_->controller(), Error);
+}
+
+}
