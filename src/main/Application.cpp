@@ -22,9 +22,13 @@
 #include <QIcon>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace tarvex {
 
 namespace {
+
+constexpr int kExitStartFailed = 7;
 
 /// All parts of the program in the order in which they need each other; they die in the opposite order.
 class Application {
@@ -48,17 +52,21 @@ public:
 
     int Run()
     {
-        QTimer::singleShot(0, &mainWindow_, [this] { Guarded([this] { RunStartup(); }); });
+        QTimer::singleShot(0, &mainWindow_, [this] {
+            Guarded([this] { startup_.Run(); });
+            Guarded([this] { EndIfNothingIsShown(); });
+        });
         QApplication::exec();
         return ExitState::Code();
     }
 
 private:
-    void RunStartup()
+    /// Start-up failed after it told why: a program without a window could not be ended.
+    static void EndIfNothingIsShown()
     {
-        startup_.Run();
-        if (!mainWindow_.isVisible() && QApplication::topLevelWidgets().isEmpty())
-            ExitApplication(0);
+        const auto windows = QApplication::topLevelWidgets();
+        if (std::none_of(windows.begin(), windows.end(), [](const QWidget* each) { return each->isVisible(); }))
+            ExitApplication(kExitStartFailed);
     }
 
     DocumentServices Services(const std::string& commandLine)

@@ -33,7 +33,7 @@ public:
     /// separates. The path itself when nothing matches.
     virtual std::string FindOwnFile(const std::string& path) = 0;
     /// Copies a file so that it becomes a working copy of this process: created anew and without following a link,
-    /// mode 0600. A leftover regular file of ours under that name is removed first.
+    /// mode 0600. A leftover working copy of ours under that name is removed first; any other file there is a failure.
     /// Copying a file onto itself does nothing and answers false; true when a copy was made.
     virtual bool CopyToWorkingFile(const std::string& source, const std::string& target) = 0;
     /// Removes a file; false when it is not there or cannot be removed.
@@ -51,6 +51,8 @@ public:
     virtual bool CreateFolder(const std::string& path) = 0;
     /// True when both paths name the same existing file, by whatever spelling or link.
     virtual bool IsSameFile(const std::string& left, const std::string& right) = 0;
+    /// True for a regular file (no link) that bears the marks of a working copy of this user: his, and mode 0600.
+    virtual bool IsOwnWorkingFile(const std::string& path) = 0;
     /// True while a process with this id lives.
     virtual bool ProcessLives(long long processId) = 0;
 };

@@ -11,6 +11,7 @@ namespace tarvex {
 namespace {
 
 constexpr std::string_view kExtension = ".xml";
+constexpr long long kHighestProcessId = 4194304; // what is above names no process of this system
 constexpr std::string_view kTemporarySave = "_TempSave_";
 
 /// The file name without its extension, which always has the length of ".xml".
@@ -53,7 +54,7 @@ void WorkingCopies::SweepLeftovers(const std::string& initFilepath)
     const std::string folder = files_.TemporaryFolder();
     for (const std::string& name : files_.ListFolder(folder)) {
         const std::string path = std::string(folder).append("/").append(name);
-        if (IsLeftover(name, stem) && files_.FileExists(path))
+        if (IsLeftover(name, stem) && files_.IsOwnWorkingFile(path))
             files_.Remove(path);
     }
 }
@@ -80,7 +81,8 @@ bool WorkingCopies::IsLeftover(std::string_view name, std::string_view stem)
         return false;
     long long processId = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), processId);
-    return error == std::errc() && end == digits.data() + digits.size() && !files_.ProcessLives(processId);
+    return error == std::errc() && end == digits.data() + digits.size() && processId <= kHighestProcessId &&
+           !files_.ProcessLives(processId);
 }
 
 }

@@ -62,6 +62,7 @@ public:
         return inner_.IsSameFile(left, right);
     }
 
+    bool IsOwnWorkingFile(const std::string& path) override { return inner_.IsOwnWorkingFile(path); }
     bool ProcessLives(long long processId) override { return inner_.ProcessLives(processId); }
 
     std::set<FileOperation> failing;

@@ -74,10 +74,13 @@ public:
         return left == right && files.contains(left);
     }
 
+    bool IsOwnWorkingFile(const std::string& path) override { return files.contains(path) && !foreign.contains(path); }
+
     bool ProcessLives(long long processId) override { return livingProcesses.contains(processId); }
 
     std::map<std::string, std::string> files; ///< content by path
     std::set<std::string> folders;            ///< what CreateFolder made
+    std::set<std::string> foreign; ///< files that are no working copies of ours
     std::set<long long> livingProcesses;
     std::string temporaryFolder = "/tmp";
 

@@ -51,10 +51,16 @@ bool IsSame(const struct stat& left, const struct stat& right)
     return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
 }
 
-/// Removes the leftover of an earlier run; what is not our own regular file stays and stops the exclusive creation.
+/// What CopyToWorkingFile creates: a file of this user's that nobody else may read.
+bool IsWorkingFile(const struct stat& status)
+{
+    return S_ISREG(status.st_mode) && status.st_uid == geteuid() && (status.st_mode & 07777) == 0600;
+}
+
+/// Removes the leftover of an earlier run; any other file stays and stops the exclusive creation.
 void RemoveOwnLeftover(const std::string& path, const struct stat& status)
 {
-    if (S_ISREG(status.st_mode) && status.st_uid == geteuid())
+    if (IsWorkingFile(status))
         unlink(path.c_str());
 }
 
@@ -170,6 +176,12 @@ bool PosixFileSystem::IsSameFile(const std::string& left, const std::string& rig
     struct stat leftStatus {};
     struct stat rightStatus {};
     return Status(left, leftStatus) && Status(right, rightStatus) && IsSame(leftStatus, rightStatus);
+}
+
+bool PosixFileSystem::IsOwnWorkingFile(const std::string& path)
+{
+    struct stat status {};
+    return lstat(path.c_str(), &status) == 0 && IsWorkingFile(status);
 }
 
 bool PosixFileSystem::ProcessLives(long long processId)

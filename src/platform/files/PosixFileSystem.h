@@ -18,6 +18,7 @@ public:
     std::unique_ptr<ITextStream> OpenText(const std::string& path, OpenMode mode) override;
     bool CreateFolder(const std::string& path) override;
     bool IsSameFile(const std::string& left, const std::string& right) override;
+    bool IsOwnWorkingFile(const std::string& path) override;
     bool ProcessLives(long long processId) override;
 };
 

@@ -100,18 +100,26 @@ private:
     void Markup()
     {
         CountPiece();
+        switch (position_ + 1 < text_.size() ? text_[position_ + 1] : '\0') {
+        case '!':
+            return CommentOrData();
+        case '?':
+            return Instruction();
+        case '/':
+            return EndTag();
+        default:
+            return StartTag();
+        }
+    }
+
+    void CommentOrData()
+    {
         if (At("<!--"))
             SkipPast("-->", 4, "the comment is not closed");
         else if (At("<![CDATA["))
             CharacterData();
-        else if (At("<!"))
-            Refuse("a document type declaration is not allowed");
-        else if (At("<?"))
-            Instruction();
-        else if (At("</"))
-            EndTag();
         else
-            StartTag();
+            Refuse("a document type declaration is not allowed");
     }
 
     void SkipPast(std::string_view closing, std::size_t openingSize, const char* missing)
@@ -131,8 +139,9 @@ private:
 
     void Instruction()
     {
-        const bool isDeclaration = EqualsIgnoringCase(text_.substr(position_, 5), "<?xml") &&
-                                   (position_ + 5 >= text_.size() || !IsNameLetter(text_[position_ + 5]));
+        const std::string_view target = text_.substr(position_ + 2, 4);
+        const bool isDeclaration = (target.starts_with('x') || target.starts_with('X')) &&
+                                   EqualsIgnoringCase(target.substr(0, 3), "xml") && !IsNameLetter(target.back());
         if (isDeclaration && position_ != 0)
             Refuse("the XML declaration does not stand at the beginning");
         SkipPast("?>", 2, "the processing instruction is not closed");

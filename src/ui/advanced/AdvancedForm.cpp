@@ -144,10 +144,7 @@ void AdvancedForm::OpenDataFile(const std::string& path) { board_->OpenDataFile(
 
 void AdvancedForm::UpdateUI(std::int32_t kind, const std::string& name) { board_->ShowChange(kind, name); }
 
-void AdvancedForm::CommFailure(const std::string&)
-{
-    DisplayStatusMessage("Comm Failure recieved in Advanced Form");
-}
+void AdvancedForm::CommFailure(const std::string&) { DisplayStatusMessage("Comm Failure recieved in Advanced Form"); }
 
 void AdvancedForm::DeviceRemoved(const std::string& text)
 {
@@ -211,7 +208,11 @@ void AdvancedForm::ShowAllValues() { grid_->ShowAllValues(document_->controller(
 
 bool AdvancedForm::RealTime() const { return CHK_RealTime->isChecked(); }
 
-void AdvancedForm::RealTime(bool on) { CHK_RealTime->setChecked(on); }
+void AdvancedForm::RealTime(bool on)
+{
+    if (CHK_RealTime->isEnabled()) // beside a wizard it is locked: every edit is written at once
+        CHK_RealTime->setChecked(on);
+}
 
 void AdvancedForm::ShowRules(const ProductRules& rules)
 {
@@ -246,8 +247,8 @@ void AdvancedForm::WriteDataFile(const std::string& path)
 
 void AdvancedForm::ShowVersion()
 {
-    if (document_->device() && document_->device()->IsConnected())
-        services_.state.firmwareVersionText = document_->device()->FirmwareVersion();
+    const auto device = document_->device();
+    services_.state.firmwareVersionText = device && device->IsConnected() ? device->FirmwareVersion() : "";
     VersionDlg dialog(services_.state, this);
     ThroughQt([&] { return dialog.exec(); });
 }

@@ -1,6 +1,7 @@
 #include "ui/advanced/BoardActions.h"
 
 #include "base/Error.h"
+#include "base/Restored.h"
 #include "comm/DemoDevice.h"
 #include "config/MinInitVersion.h"
 #include "model/Bitset.h"
@@ -21,10 +22,13 @@ BoardActions::UserAction::UserAction(BoardActions& actions) : actions_(actions),
 
 BoardActions::BoardActions(Document& document, IRegisterView& view, BoardActionServices services)
     : document_(document), controller_(document.controller()), view_(view), services_(std::move(services)),
-      link_(document)
+      link_(document, services_.errorLog, services_.beginBusy)
 {
     TarvexController& controller = document.controller();
-    subscriptions_.push_back(controller.DeviceNamesChanged.Subscribe([this](const auto&) { ShowProducts(); }));
+    subscriptions_.push_back(controller.DeviceNamesChanged.Subscribe([this](const auto&) {
+        ShowProducts();
+        ShowLinks();
+    }));
     subscriptions_.push_back(controller.CurrentProductChanged.Subscribe(
         [this](std::int32_t, std::int32_t, const std::string& product) { ProductChanged(product); }));
     subscriptions_.push_back(controller.DataFileOpened.Subscribe(
@@ -55,13 +59,14 @@ void BoardActions::SelectLink(const std::string& link)
     const auto before = document_.device();
     document_.SelectCommLink(link);
     const bool replaced = document_.device() != before;
-    if (!replaced && link_.DeviceType() != link) {
+    if (!link_.Device() || (!replaced && link_.DeviceType() != link))
         services_.statusLine.DisplayStatusMessage("The communication link " + link + " is not available.");
-    } else if (!link_.IsConnected()) {
-        readWanted_ = link_.Connect();
-        if (!readWanted_ && !link_.IsDemo())
-            Connecting();
-    }
+    else if (controller_.deviceName().empty())
+        readWanted_ = false;
+    else if (!link_.IsConnected() && (replaced || !link_.Connect())) // a new link was tried when it came
+        Connecting();
+    else
+        readWanted_ = true;
     ShowLinks();
     FinishAction();
 }
@@ -69,7 +74,6 @@ void BoardActions::SelectLink(const std::string& link)
 bool BoardActions::OpenDataFile(const std::string& path)
 {
     const UserAction action(*this);
-    view_.RealTime(false);
     if (!document_.TestForApplicationReservedFilepath(path)) {
         services_.prompts.Tell(path + " is a reserved complete filename. Please select another file.",
                                "Reserved File Selected");
@@ -87,7 +91,10 @@ void BoardActions::Saved(const std::string& path)
 {
     fileName_ = path;
     modified_ = false;
+    ShowFileTitle();
 }
+
+void BoardActions::ShowFileTitle() { view_.ShowTitle("Tarvex-Advanced View-" + fileName_); }
 
 std::string BoardActions::SelectedProductName() const { return shownProduct_; }
 
@@ -115,19 +122,19 @@ void BoardActions::LinkChanged()
     if (controller_.deviceName().empty() || !view_.IsViewVisible())
         return;
     services_.statusLine.DisplayStatusMessage("Changing underlying communication link.");
-    const auto busy = services_.beginBusy();
     link_.Connect();
     readWanted_ = inUserAction_;
 }
 
 void BoardActions::FileOpened(const std::string& product, const std::string& path)
 {
+    const bool firstProduct = shownProduct_.empty();
     const bool otherProduct = product != shownProduct_;
     shownProduct_ = product;
     fileName_ = path;
     modified_ = false;
     lastReadIncomplete_ = false;
-    view_.ShowTitle("Tarvex-Advanced View-" + path);
+    ShowFileTitle();
     FillGrid();
     ShowProducts();
     view_.EnableTransfers(true);
@@ -136,21 +143,25 @@ void BoardActions::FileOpened(const std::string& product, const std::string& pat
         ChooseLinkForProduct(product);
         readWanted_ = false; // a read would overwrite what the file holds
         services_.statusLine.DisplayStatusMessage(path + " holds settings of " + product + ".");
-    } else {
-        loadWanted_ = inUserAction_ && services_.preferences.autoLoadFileOpen;
     }
+    loadWanted_ = inUserAction_ && services_.preferences.autoLoadFileOpen && (firstProduct || !otherProduct);
 }
 
 void BoardActions::ChooseLinkForProduct(const std::string& product)
 {
     const ProductRules rules = RulesForProduct(product);
     view_.ShowRules(rules);
+    const auto before = document_.device();
     if (!rules.defaultLink.empty())
         document_.SelectCommLink(rules.defaultLink);
-    const auto links = controller_.GetCommLinkNames(product);
+    const auto links = LinksOf(product);
     if (links.size() == 1)
         document_.SelectCommLink(links.front());
-    else
+    if (document_.device() == before)
+        link_.Release();
+    if (links.empty())
+        services_.statusLine.DisplayStatusMessage("The init file names no communication link for " + product + ".");
+    else if (links.size() > 1)
         services_.statusLine.DisplayStatusMessage(
             product + " supports multiple communication links.  Select one on the Communication menu to connect.");
     ShowLinks();
@@ -168,6 +179,18 @@ void BoardActions::ShowProducts()
     view_.ShowProducts(products);
 }
 
+std::vector<std::string> BoardActions::LinksOf(const std::string& product)
+{
+    if (product.empty())
+        return {};
+    try {
+        return controller_.GetCommLinkNames(product);
+    } catch (const Error&) {
+        services_.errorLog.LogCurrentError();
+        return {}; // the board can still be shown
+    }
+}
+
 void BoardActions::ShowLinks()
 {
     if (document_.IsDemoMode() && link_.IsDemo()) {
@@ -175,18 +198,15 @@ void BoardActions::ShowLinks()
         return;
     }
     std::vector<MenuChoice> links;
-    if (!controller_.deviceName().empty())
-        for (const std::string& name : controller_.GetCommLinkNames(controller_.deviceName()))
-            links.push_back({name, name == (link_.IsDemo() ? "Demo" : link_.DeviceType())});
+    for (const std::string& name : LinksOf(controller_.deviceName()))
+        links.push_back({name, name == (link_.IsDemo() ? "Demo" : link_.DeviceType())});
     view_.ShowLinks(links);
 }
 
 void BoardActions::Showing(const std::function<void()>& show)
 {
-    const bool outer = showing_;
-    showing_ = true;
+    const Restored<bool> showing(showing_, true);
     show();
-    showing_ = outer;
 }
 
 void BoardActions::FillGrid()
@@ -214,7 +234,9 @@ void BoardActions::ShowChange(std::int32_t kind, const std::string& name)
         ShowRegister(name);
     if (kind == kPropertyChanged) {
         std::vector<std::string> names;
-        controller_.GetPropertyByName(name)->GetConstituents(names);
+        const auto property = controller_.GetPropertyByName(name);
+        if (property->BitsetCount() > 0)
+            property->GetConstituents(names);
         std::for_each(names.begin(), names.end(), [this](const std::string& each) { ShowRegister(each); });
     }
 }

@@ -54,6 +54,8 @@ public:
     void EditRegister(const std::string& name, std::int32_t value);
     /// "Real Time Update" was ticked; it stays so only when the board answers.
     void RealTimeTicked();
+    /// Ends writing at once before a file is opened.
+    void LeaveRealTime() { view_.RealTime(false); }
     /// Opens a data file that the user chose. False when it was not opened, which he has been told.
     bool OpenDataFile(const std::string& path);
 
@@ -92,8 +94,11 @@ private:
     void FillGrid();
     void FinishAction();
 
-    bool LinkAnswers();
-    bool Connecting();
+    std::vector<std::string> LinksOf(const std::string& product);
+    void ShowFileTitle();
+    void TellNoAnswer();
+    /// Lets the user pick a device and connects to it; tells how that ended.
+    void Connecting();
     void ReadIfLinkAnswers();
     void ReadAll();
     TransferResult Run(const Registers& registers, Direction direction);

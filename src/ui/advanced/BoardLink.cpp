@@ -1,5 +1,6 @@
 #include "ui/advanced/BoardLink.h"
 
+#include "base/Error.h"
 #include "comm/DemoDevice.h"
 #include "model/RegisterObject.h"
 #include "shell/Document.h"
@@ -20,10 +21,9 @@ bool BoardLink::Connect()
 {
     if (!Device())
         return false;
-    if (Device()->IsConnected())
-        return true;
     IConfigController& controller = document_.controller();
-    return Device()->connect(controller.pid(), controller.vid()) == 1;
+    return Succeeds(
+        [&] { return Device()->IsConnected() || Device()->connect(controller.pid(), controller.vid()) == 1; });
 }
 
 bool BoardLink::Verify()
@@ -32,9 +32,27 @@ bool BoardLink::Verify()
         return false;
     IConfigController& controller = document_.controller();
     if (controller.GetI2CRegisterCount() == 0)
-        return Device()->VerifyCommunications(0, 0);
+        return Succeeds([&] { return Device()->VerifyCommunications(0, 0); });
     const auto first = controller.GetI2CRegister(0);
-    return Device()->VerifyCommunications(first->BaseAddress(), first->Address());
+    return Succeeds([&] { return Device()->VerifyCommunications(first->BaseAddress(), first->Address()); });
+}
+
+void BoardLink::Release()
+{
+    if (Device() && !IsDemo())
+        Device()->Disconnect();
+}
+
+bool BoardLink::Succeeds(const std::function<bool()>& attempt)
+{
+    const auto busy = beginBusy_();
+    const auto kept = document_.device(); // stays while it is at work
+    try {
+        return attempt();
+    } catch (const Error&) {
+        errorLog_.LogCurrentError();
+        return false;
+    }
 }
 
 }

@@ -1,9 +1,13 @@
 #pragma once
 
+#include "base/IErrorLog.h"
 #include "comm/api/IDevice.h"
 #include "ui/advanced/RegisterTransfer.h"
 
+#include <functional>
 #include <memory>
+#include <string>
+#include <utility>
 
 namespace tarvex {
 
@@ -13,9 +17,12 @@ class Document;
 /// itself is asked of the document each time.
 class BoardLink {
 public:
-    explicit BoardLink(Document& document) : document_(document) {}
+    /// `beginBusy` gives a token that keeps all user input away while it lives.
+    BoardLink(Document& document, IErrorLog& errorLog, std::function<std::shared_ptr<void>()> beginBusy)
+        : document_(document), errorLog_(errorLog), beginBusy_(std::move(beginBusy))
+    {}
 
-    /// Listens to the link in use; called whenever another one has been put in place.
+    /// Counts anew; called whenever another link has been put in place. The demo board reports no failures.
     void BindDevice();
     /// The link in use, or none.
     IDevice* Device() const;
@@ -25,12 +32,19 @@ public:
     bool IsConnected() const;
     /// Connects with the ids of the current product, unless the link stands already; true when it stands.
     bool Connect();
+    /// Closes the link unless it is the demo board: another product is another board.
+    void Release();
     /// True when the board answers: the first register of the current product is asked for.
     bool Verify();
     const TransferCounts& Counts() const { return counts_; }
 
 private:
+    /// An error that the link raises is logged and counts as no.
+    bool Succeeds(const std::function<bool()>& attempt);
+
     Document& document_;
+    IErrorLog& errorLog_;
+    std::function<std::shared_ptr<void>()> beginBusy_;
     TransferCounts counts_;
 };
 

@@ -1,57 +1,77 @@
 #include "base/Error.h"
+#include "base/Restored.h"
+#include "config/MinInitVersion.h"
 #include "model/RegisterObject.h"
 #include "shell/Document.h"
 #include "ui/advanced/BoardActions.h"
 
 namespace tarvex {
 
-bool BoardActions::LinkAnswers()
-{
-    const auto busy = services_.beginBusy();
-    try {
-        return link_.Verify();
-    } catch (const Error&) {
-        services_.errorLog.LogCurrentError();
-        return false;
-    }
+namespace {
+
+/// Takes "Real Time Update" away while values of the board are put into the grid.
+class RealTimeOff {
+public:
+    explicit RealTimeOff(IRegisterView& view) : view_(view), before_(view.RealTime()) { view_.RealTime(false); }
+    ~RealTimeOff() { view_.RealTime(before_); }
+    RealTimeOff(const RealTimeOff&) = delete;
+    RealTimeOff& operator=(const RealTimeOff&) = delete;
+
+private:
+    IRegisterView& view_;
+    bool before_;
+};
+
 }
 
 void BoardActions::ReadConfiguration()
 {
     const UserAction action(*this);
-    if (!link_.IsConnected() && link_.Device() && !link_.IsDemo() && !LinkAnswers() && Connecting())
-        return;
-    ReadIfLinkAnswers();
+    if (link_.Device() && !link_.IsDemo() && !link_.Connect())
+        Connecting();
+    else
+        ReadIfLinkAnswers();
 }
 
 void BoardActions::ReadIfLinkAnswers()
 {
-    if (LinkAnswers())
+    if (link_.Verify())
         ReadAll();
     else
-        Tell("Unable to connect or verify communications to device " + controller_.deviceName() + " on " +
-             link_.DeviceType());
+        TellNoAnswer();
 }
 
-bool BoardActions::Connecting()
+void BoardActions::TellNoAnswer()
 {
-    const std::string name = link_.Device()->Browse();
-    if (name.empty() || !services_.prompts.Ask("Connect now to device " + name))
-        return false;
+    Tell("Unable to connect or verify communications to device " + controller_.deviceName() + " on " +
+         link_.DeviceType());
+}
+
+void BoardActions::Connecting()
+{
+    readWanted_ = false; // the read that follows a connection is made here
+    const std::string name = link_.IsDemo() ? std::string() : link_.Device()->Browse();
+    if (name.empty()) {
+        TellNoAnswer();
+        return;
+    }
+    if (!services_.prompts.Ask("Connect now to device " + name))
+        return;
     bool connected = false;
     {
         const auto busy = services_.beginBusy();
         connected = controller_.ConnectDevice(name, *link_.Device());
     }
-    readWanted_ = false; // the read that follows a connection is this one
+    readWanted_ = false;
     if (!connected) {
         Tell("Unable to connect to " + name);
-        return false;
+        return;
     }
+    services_.state.g_minInitVersion = MinInitVersionForProduct(controller_.deviceName());
+    view_.ShowRules(RulesForProduct(controller_.deviceName()));
     ReadAll();
     view_.EnableTransfers(true);
     services_.statusLine.DisplayStatusMessage("Connected to " + name);
-    return true;
 }
 
 TransferResult BoardActions::Run(const Registers& registers, Direction direction)
@@ -66,14 +86,15 @@ TransferResult BoardActions::Run(const Registers& registers, Direction direction
 
 void BoardActions::ReadAll()
 {
-    const bool realTime = view_.RealTime();
-    view_.RealTime(false);
-    ready_ = false;
     controller_.SetProgressBar(&services_.progress);
-    const TransferResult result = Run(AllRegisters(controller_), &RegisterTransfer::Read);
-    Showing([this] { view_.ShowAllValues(); });
+    TransferResult result;
+    {
+        const RealTimeOff realTimeOff(view_);
+        const Restored<bool> notReady(ready_, false);
+        result = Run(AllRegisters(controller_), &RegisterTransfer::Read);
+        Showing([this] { view_.ShowAllValues(); });
+    }
     ready_ = true;
-    view_.RealTime(realTime);
     lastReadIncomplete_ = !result.Complete();
     document_.UpdateAllViews(nullptr, kEverythingChanged, "");
     Report("read", result);
@@ -82,12 +103,7 @@ void BoardActions::ReadAll()
 void BoardActions::LoadConfiguration()
 {
     const UserAction action(*this);
-    bool connected = false;
-    {
-        const auto busy = services_.beginBusy();
-        connected = link_.Connect();
-    }
-    if (!connected) {
+    if (!link_.Connect()) {
         Tell("Failed to connect to " + controller_.deviceName());
         return;
     }
@@ -116,9 +132,8 @@ void BoardActions::ReadSingleRegister(const std::string& name)
 {
     const UserAction action(*this);
     const auto object = controller_.GetI2CRegisterByName(name);
-    if (!LinkAnswers()) {
-        Tell("Unable to connect or verify communications to device " + controller_.deviceName() + " on " +
-             link_.DeviceType());
+    if (!link_.Verify()) {
+        TellNoAnswer();
         return;
     }
     const TransferResult result = Run({object}, &RegisterTransfer::Read);
@@ -164,7 +179,7 @@ void BoardActions::WriteOne(const std::shared_ptr<RegisterObject>& object)
 
 void BoardActions::RealTimeTicked()
 {
-    if (view_.RealTime() && !LinkAnswers()) {
+    if (view_.RealTime() && !link_.Verify()) {
         view_.RealTime(false);
         services_.statusLine.DisplayStatusMessage("The board does not answer: Real Time Update stays off.");
     }

@@ -1,6 +1,5 @@
 #include "ui/advanced/FileActions.h"
 
-#include "base/Error.h"
 #include "shell/Document.h"
 
 namespace tarvex {
@@ -16,6 +15,7 @@ std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind
 
 void FileActions::Open()
 {
+    board_.LeaveRealTime();
     const auto path = prompts_.AskOpenFile({"Open", folder_, "", kFilter, kExtension});
     if (!path || path->empty())
         return;
@@ -55,8 +55,8 @@ bool FileActions::Write(const std::string& path)
     std::string failure;
     try {
         write_(path);
-    } catch (const Error& error) {
-        failure = error.Description();
+    } catch (const std::exception& error) {
+        failure = error.what();
     }
     if (!failure.empty()) {
         prompts_.Tell("Error while saving file " + path + ". " + failure);

@@ -22,6 +22,18 @@ constexpr std::int16_t kBitsOfRow = 8;
 constexpr int kHint = 0;
 constexpr int kGrid = 1;
 
+/// Paints once instead of with every row.
+class UpdatesOff {
+public:
+    explicit UpdatesOff(QWidget& widget) : widget_(widget) { widget_.setUpdatesEnabled(false); }
+    ~UpdatesOff() { widget_.setUpdatesEnabled(true); }
+    UpdatesOff(const UpdatesOff&) = delete;
+    UpdatesOff& operator=(const UpdatesOff&) = delete;
+
+private:
+    QWidget& widget_;
+};
+
 std::string TipOf(const RegisterObject& shown)
 {
     if (shown.MaxBits() <= kBitsOfRow)
@@ -103,7 +115,7 @@ void GridPanel::Fill(IConfigController& controller)
         hint_->setText("This board has no registers to show.");
         return;
     }
-    setUpdatesEnabled(false);
+    const UpdatesOff updatesOff(*this);
     const QSignalBlocker quiet(VScroll1);
     VScroll1->setValue(0);
     RegisterDisplay1->CreateRegisters(count);
@@ -111,7 +123,6 @@ void GridPanel::Fill(IConfigController& controller)
         FillRow(i, *controller.GetI2CRegister(i));
     SetScrollRange();
     PlaceHeadings();
-    setUpdatesEnabled(true);
 }
 
 void GridPanel::FillRow(std::int16_t position, const RegisterObject& shown)
@@ -143,11 +154,10 @@ void GridPanel::ShowValue(IConfigController& controller, std::int16_t position)
 
 void GridPanel::ShowAllValues(IConfigController& controller)
 {
-    setUpdatesEnabled(false);
+    const UpdatesOff updatesOff(*this);
     const std::int16_t count = std::min(controller.GetI2CRegisterCount(), RegisterDisplay1->ItemCount());
     for (std::int16_t i = 0; i < count; ++i)
         ShowValue(controller, i);
-    setUpdatesEnabled(true);
 }
 
 void GridPanel::SetScrollRange()

@@ -30,6 +30,7 @@ constexpr std::int32_t kErrHorizontal = ObjectError(2);
 RegisterDisplay::RegisterDisplay(QWidget* parent) : QWidget(parent), itemEvents_(std::make_unique<ItemEvents>())
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setAutoFillBackground(true); // lets a scroll by a few rows move the pixels instead of painting them again
     for (int row = 0; row < kRows; ++row) {
         rows_[static_cast<std::size_t>(row)] = new UI_RegisterItem(this);
         rows_[static_cast<std::size_t>(row)]->setObjectName("UI_RegisterItem_" + QString::number(row));
@@ -127,8 +128,9 @@ void RegisterDisplay::Scroll(ScrollDirection direction, std::int16_t position)
     const int change = position - first_;
     first_ = position;
     if (std::abs(change) >= rowsInUse_ / 2)
-        FillRowsFrom(0, rowsInUse_);
-    else if (change > 0)
+        return FillRowsFrom(0, rowsInUse_);
+    scroll(0, -change * layout_.rowHeight); // moves the pixels of the rows that stay at once
+    if (change > 0)
         FillRowsFrom(rowsInUse_ - change, rowsInUse_);
     else
         FillRowsFrom(0, -change);

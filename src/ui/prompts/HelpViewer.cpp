@@ -6,8 +6,8 @@
 #include <QHBoxLayout>
 #include <QHelpContentWidget>
 #include <QHelpEngine>
+#include <QHelpIndexModel>
 #include <QHelpLink>
-#include <QHelpSearchEngine>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -15,13 +15,15 @@
 #include <QSplitter>
 #include <QTabWidget>
 #include <QTextBrowser>
+#include <QTextDocument>
+#include <QThread>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tarvex {
 
 namespace {
-
-constexpr int kMostHits = 200;
 
 /// A browser that finds pages and pictures inside the help file. Links out of it lead nowhere.
 class HelpPage : public QTextBrowser {
@@ -52,6 +54,10 @@ HelpViewer::~HelpViewer()
 {
     delete page_; // these two ask the engine
     delete navigation_;
+    // The engine collects contents and index on threads of its own, which read what its destructor frees before that
+    // waits for them. It takes some milliseconds, and only when the window goes just after it was opened.
+    while (engine_ && (engine_->contentModel()->isCreatingContents() || engine_->indexModel()->isCreatingIndex()))
+        QThread::msleep(1);
 }
 
 bool HelpViewer::Open(const std::string& path)
@@ -63,7 +69,6 @@ bool HelpViewer::Open(const std::string& path)
     if (!engine_->setupData() || !engine_->registerDocumentation(ToQt(path)))
         return false;
     BuildWindow();
-    engine_->searchEngine()->reindexDocumentation();
     return true;
 }
 
@@ -78,11 +83,12 @@ QUrl HelpViewer::CurrentPage() const { return page_->source(); }
 QUrl HelpViewer::ContentsPage() const
 {
     const auto links = engine_->documentsForIdentifier(QStringLiteral("contents"));
-    if (!links.isEmpty())
-        return links.first().url;
-    const auto names = engine_->registeredDocumentations();
-    const auto pages = engine_->files(names.value(0), QString(), QStringLiteral("html"));
-    return pages.value(0);
+    return links.isEmpty() ? Pages().value(0) : links.first().url;
+}
+
+QList<QUrl> HelpViewer::Pages() const
+{
+    return engine_->files(engine_->registeredDocumentations().value(0), QString(), QStringLiteral("html"));
 }
 
 void HelpViewer::BuildWindow()
@@ -104,7 +110,7 @@ void HelpViewer::BuildWindow()
     const int letter = fontMetrics().averageCharWidth();
     const QSize available = screen()->availableSize() * 9 / 10;
     resize(QSize(letter * 110, fontMetrics().lineSpacing() * 34).boundedTo(available));
-    splitter->setSizes({letter * 30, letter * 80});
+    splitter->setSizes({width() / 4, width() * 3 / 4});
     page_->setFocus();
 }
 
@@ -144,16 +150,7 @@ QWidget* HelpViewer::MakeSearch()
     const auto showHit = [this](const QListWidgetItem* hit) {
         Guarded([&] { ShowPage(hit->data(Qt::UserRole).toUrl()); });
     };
-    auto* engine = engine_->searchEngine();
-    const auto search = [this, engine] {
-        Guarded([&] {
-            if (!words_->text().isEmpty())
-                engine->search(words_->text());
-        });
-    };
-    QObject::connect(words_, &QLineEdit::returnPressed, engine, search);
-    QObject::connect(engine, &QHelpSearchEngine::indexingFinished, words_, search); // what was asked for too early
-    QObject::connect(engine, &QHelpSearchEngine::searchingFinished, this, [this] { Guarded([this] { ListHits(); }); });
+    QObject::connect(words_, &QLineEdit::returnPressed, this, [this] { Guarded([this] { Search(); }); });
     QObject::connect(hits_, &QListWidget::itemClicked, this, showHit);
     QObject::connect(hits_, &QListWidget::itemActivated, this, showHit);
     return panel;
@@ -188,12 +185,20 @@ void HelpViewer::ShowPage(const QUrl& url)
         page_->setSource(page);
 }
 
-void HelpViewer::ListHits()
+/// The few pages are read through at once: the search engine of Qt Help works on threads that it may end too late.
+void HelpViewer::Search()
 {
+    const QStringList words = words_->text().split(u' ', Qt::SkipEmptyParts);
     hits_->clear();
-    for (const auto& result : engine_->searchEngine()->searchResults(0, kMostHits)) {
-        auto* hit = new QListWidgetItem(result.title(), hits_);
-        hit->setData(Qt::UserRole, result.url());
+    for (const QUrl& url : Pages()) {
+        QTextDocument page;
+        page.setHtml(QString::fromUtf8(engine_->fileData(url)));
+        const QString text = page.toPlainText();
+        const auto isOnPage = [&text](const QString& word) { return text.contains(word, Qt::CaseInsensitive); };
+        if (words.isEmpty() || !std::all_of(words.begin(), words.end(), isOnPage))
+            continue;
+        auto* hit = new QListWidgetItem(page.metaInformation(QTextDocument::DocumentTitle), hits_);
+        hit->setData(Qt::UserRole, url);
     }
     if (hits_->count() == 0)
         (new QListWidgetItem(QStringLiteral("No page found"), hits_))->setFlags(Qt::NoItemFlags);

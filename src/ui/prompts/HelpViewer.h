@@ -37,8 +37,9 @@ private:
     QWidget* MakeSearch();
     QLayout* MakeButtons();
     void ShowPage(const QUrl& url);
-    void ListHits();
+    void Search();
     QUrl ContentsPage() const;
+    QList<QUrl> Pages() const;
 
     QTemporaryDir collectionFolder_;
     std::unique_ptr<QHelpEngine> engine_;

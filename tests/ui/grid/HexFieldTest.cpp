@@ -1,0 +1,205 @@
+#include "ui/advanced/HexField.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace tarvex {
+namespace {
+
+struct HexFieldTest : ::testing::Test {
+    QWidget window;
+    HexField field{&window};
+    QLineEdit& box = *field.findChild<QLineEdit*>("txtInput");
+    int changes = 0;
+    Subscription heard = field.Change.Subscribe([this] { ++changes; });
+
+    HexFieldTest()
+    {
+        field.MaxValue(255);
+        field.HexText("1F");
+        window.show();
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        box.setFocus();
+        box.setCursorPosition(2);
+        changes = 0;
+    }
+
+    void Choose(const char* name) { field.findChild<QAction*>(name)->trigger(); }
+
+    void Drop(const QString& text)
+    {
+        QMimeData data;
+        data.setText(text);
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&box, &enter);
+        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&box, &drop);
+    }
+
+    void Commit(const QString& text)
+    {
+        QInputMethodEvent event;
+        event.setCommitString(text);
+        QApplication::sendEvent(&box, &event);
+    }
+};
+
+TEST_F(HexFieldTest, RefusesKeysThatWouldLeaveNoNumberWithinTheLimits)
+{
+    QTest::keyClicks(&box, "0g-. ");
+    EXPECT_EQ(field.HexText(), "1F");
+    EXPECT_EQ(changes, 0);
+    QTest::keyClick(&box, Qt::Key_Backspace);
+    QTest::keyClicks(&box, "a");
+    EXPECT_EQ(field.HexText(), "1a");
+    EXPECT_EQ(changes, 2);
+    field.MinValue(16);
+    QTest::keyClick(&box, Qt::Key_Backspace);
+    EXPECT_EQ(field.HexText(), "1a");
+}
+
+TEST_F(HexFieldTest, MovesTheCaretAndCopiesAsUsersExpect)
+{
+    QTest::keyClick(&box, Qt::Key_Home);
+    EXPECT_EQ(box.cursorPosition(), 0);
+    QTest::keyClick(&box, Qt::Key_Right);
+    EXPECT_EQ(box.cursorPosition(), 1);
+    QTest::keyClick(&box, Qt::Key_End, Qt::ShiftModifier);
+    QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "F");
+    EXPECT_EQ(changes, 0);
+}
+
+TEST_F(HexFieldTest, LeavesZeroAndChangesTwiceWhenItIsEmptied)
+{
+    const std::function<void()> ways[] = {
+        [this] { QTest::keyClick(&box, Qt::Key_Delete); },
+        [this] { QTest::keyClick(&box, Qt::Key_Backspace); },
+        [this] { QTest::keyClick(&box, Qt::Key_X, Qt::ControlModifier); },
+        [this] { Choose("mnuPopupDelete"); },
+        [this] { field.HexText("&H"); },
+    };
+    for (const auto& empty : ways) {
+        field.HexText("1F");
+        box.selectAll();
+        changes = 0;
+        empty();
+        EXPECT_EQ(field.HexText(), "0");
+        EXPECT_EQ(changes, 2);
+    }
+}
+
+TEST_F(HexFieldTest, JudgesWhateverComesInWithoutATypedKey)
+{
+    const std::pair<const char*, std::function<void(const QString&)>> ways[] = {
+        {"Ctrl+V",
+         [this](const QString& text) {
+             QApplication::clipboard()->setText(text);
+             QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
+         }},
+        {"Shift+Insert",
+         [this](const QString& text) {
+             QApplication::clipboard()->setText(text);
+             QTest::keyClick(&box, Qt::Key_Insert, Qt::ShiftModifier);
+         }},
+        {"menu",
+         [this](const QString& text) {
+             QApplication::clipboard()->setText(text);
+             Choose("mnuPopupPaste");
+         }},
+        {"input method", [this](const QString& text) { Commit(text); }},
+        {"drop", [this](const QString& text) { Drop(text); }},
+    };
+    for (const auto& [name, enter] : ways) {
+        for (const char* bad : {"xyz", "123", "-1"}) {
+            field.HexText("1F");
+            box.selectAll();
+            enter(bad);
+            EXPECT_EQ(field.HexText(), "1F") << name << " " << bad;
+        }
+        field.HexText("0");
+        box.selectAll();
+        enter("7");
+        EXPECT_TRUE(box.text().contains('7')) << name;
+    }
+}
+
+TEST_F(HexFieldTest, RefusesEditsThatLeaveATextThatWasSetOutsideTheLimits)
+{
+    field.HexText("1FFF");
+    Commit("0");
+    EXPECT_EQ(field.HexText(), "1FFF");
+    ASSERT_TRUE(field.TextError());
+    EXPECT_EQ(field.TextError()->Number(), 801);
+}
+
+TEST_F(HexFieldTest, UndoStaysWithinTheLimits)
+{
+    QTest::keyClick(&box, Qt::Key_Backspace);
+    field.MaxValue(15);
+    box.undo();
+    EXPECT_EQ(field.HexText(), "1");
+    field.HexText("2");
+    box.undo();
+    EXPECT_EQ(field.HexText(), "2");
+}
+
+TEST_F(HexFieldTest, OffersItsMenuButNoEditsWhenLocked)
+{
+    int reads = 0;
+    const auto read = field.ReadRegister.Subscribe([&] { ++reads; });
+    field.Locked(true);
+    QTest::keyClicks(&box, "7");
+    box.selectAll();
+    QTest::keyClick(&box, Qt::Key_Delete);
+    Choose("mnuPopupCut");
+    EXPECT_EQ(field.HexText(), "1F");
+    auto& menu = *field.findChild<QMenu*>("mnuPopup");
+    QTest::mousePress(&box, Qt::RightButton);
+    EXPECT_TRUE(menu.isVisible());
+    menu.close();
+    Choose("mnuReadSingleRegister");
+    EXPECT_EQ(reads, 1);
+}
+
+TEST_F(HexFieldTest, SelectsItsTextWithTheFocusAndKeepsASelectionOverTheMenu)
+{
+    box.clearFocus();
+    QTest::mouseClick(&box, Qt::LeftButton);
+    EXPECT_EQ(box.selectedText(), "1F");
+    box.setSelection(1, 1);
+    Choose("mnuPopupCut");
+    EXPECT_EQ(field.HexText(), "1");
+    EXPECT_EQ(QApplication::clipboard()->text(), "F");
+}
+
+TEST_F(HexFieldTest, SetsTextWithOrWithoutPrefix)
+{
+    field.HexText("&HA0");
+    EXPECT_EQ(field.HexText(), "A0");
+    field.HexText("");
+    EXPECT_EQ(field.HexText(), "A0");
+    field.HexText("A0");
+    EXPECT_EQ(changes, 1);
+    try {
+        field.MinValue(-1);
+        ADD_FAILURE();
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Number(), 801);
+        EXPECT_EQ(error.Source(), "HexField.MinValue");
+        EXPECT_EQ(error.Description(), "Value -1 must be greater than zero.");
+    }
+    EXPECT_EQ(field.MinValue(), 0);
+}
+
+}
+}

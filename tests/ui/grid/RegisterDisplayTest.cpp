@@ -1,0 +1,265 @@
+#include "ui/advanced/RegisterDisplay.h"
+
+#include "base/Error.h"
+#include "ui/advanced/UI_RegisterItem.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QTest>
+#include <QWheelEvent>
+#include <QtTest/qtestspontaneevent.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace tarvex {
+namespace {
+
+struct RegisterDisplayTest : ::testing::Test {
+    RegisterDisplay display;
+    std::vector<std::pair<std::int32_t, std::string>> told;
+    Subscription heard = display.ValueChange.Subscribe(
+        [this](std::int32_t value, const std::string& name) { told.emplace_back(value, name); });
+    Subscription scrolls = display.RequestScroll.Subscribe([this](std::int16_t position) { Scroll(position); });
+
+    void Fill(std::int16_t count)
+    {
+        display.CreateRegisters(count);
+        for (std::int16_t i = 0; i < count; ++i) {
+            display.SetRegister(i, Name(i), "45", i % 256);
+            for (std::int16_t bit = 0; bit < 8; ++bit)
+                display.SetBitInputStatus(i, bit, 2);
+        }
+        display.show();
+        display.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&display));
+        told.clear();
+    }
+
+    void Scroll(int position) { display.Scroll(ScrollDirection::Vertical, static_cast<std::int16_t>(position)); }
+    static std::string Name(int item) { return "R" + std::to_string(item); }
+
+    std::vector<UI_RegisterItem*> ShownRows()
+    {
+        std::vector<UI_RegisterItem*> rows;
+        for (auto* row : display.findChildren<UI_RegisterItem*>())
+            if (!row->isHidden())
+                rows.push_back(row);
+        std::sort(rows.begin(), rows.end(), [](auto* a, auto* b) { return a->y() < b->y(); });
+        return rows;
+    }
+
+    /// Every shown row stands at its place and shows the item that belongs there, in every control.
+    void ExpectShown(int first, int count)
+    {
+        const auto rows = ShownRows();
+        ASSERT_EQ(rows.size(), static_cast<std::size_t>(count));
+        for (int position = 0; position < count; ++position) {
+            UI_RegisterItem& row = *rows[static_cast<std::size_t>(position)];
+            const int item = first + position;
+            EXPECT_EQ(row.y(), position * display.RowHeight());
+            EXPECT_EQ(row.NameCaption(), Name(item));
+            EXPECT_EQ(row.value(), item % 256);
+            EXPECT_EQ(row.Control(8)->accessibleName().toStdString(), "Bit 0 of " + Name(item));
+        }
+    }
+
+    std::string Failure(const std::function<void()>& operation)
+    {
+        try {
+            operation();
+            return "";
+        } catch (const Error& error) {
+            return error.Source() + ": " + error.Description();
+        }
+    }
+
+    std::string Focused()
+    {
+        QWidget* focus = QApplication::focusWidget();
+        return focus ? focus->accessibleName().toStdString() : "";
+    }
+
+    QLineEdit& Value(int position)
+    {
+        return *qobject_cast<QLineEdit*>(ShownRows()[static_cast<std::size_t>(position)]->Control(0));
+    }
+};
+
+TEST_F(RegisterDisplayTest, ShowsAsManyRowsAsThereAreRegistersUpToSixteen)
+{
+    for (const auto& [count, rows] : std::vector<std::pair<std::int16_t, int>>{{5, 5}, {40, 16}, {1, 1}, {16, 16}}) {
+        Fill(count);
+        ExpectShown(0, rows);
+        EXPECT_EQ(display.MaxDisplayItems(), rows);
+        EXPECT_EQ(display.Height(), rows * display.RowHeight());
+    }
+}
+
+TEST_F(RegisterDisplayTest, FillsOnlyTheRowsThatComeIntoView)
+{
+    Fill(100);
+    int first = 0;
+    const std::pair<int, int> steps[] = {{1, 1}, {1, 1}, {7, 7}, {8, 16}, {-1, 1}, {-7, 7}, {-9, 16}, {60, 16}, {0, 0}};
+    for (const auto& [step, refilled] : steps) {
+        first += step;
+        Scroll(first);
+        EXPECT_EQ(display.RefilledRows(), refilled) << step;
+        ExpectShown(first, 16);
+    }
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(RegisterDisplayTest, HidesRowsBeyondTheLastRegisterAndRefusesOtherPositions)
+{
+    Fill(20);
+    Scroll(18);
+    ExpectShown(18, 2);
+    EXPECT_EQ(Failure([&] { Scroll(20); }),
+              "RegisterDisplay::CheckItemIndex: ItemObject array index of 20 is out of range: 0 to 20");
+    EXPECT_NE(Failure([&] { Scroll(-1); }), "");
+    EXPECT_EQ(Failure([&] { display.Scroll(ScrollDirection::Horizontal, 1); }),
+              "RegisterDisplay::Scroll: Horizontal scrolling not implemented");
+    ExpectShown(18, 2);
+    Scroll(0);
+    ExpectShown(0, 16);
+}
+
+TEST_F(RegisterDisplayTest, RefusesIndexesOutsideItsItems)
+{
+    const std::string none = "RegisterDisplay::MaxDisplayItems: UI_LineItem array index of 0 is not allowed.";
+    Fill(20);
+    EXPECT_EQ(Failure([&] { display.CreateRegisters(0); }), none);
+    EXPECT_EQ(Failure([&] { display.MaxDisplayItems(-3); }), none);
+    EXPECT_EQ(Failure([&] { display.SetRegister(20, "x", "", 0); }),
+              "RegisterDisplay::SetRegister: Index of 20 is out of range.  Max itemCount = 20");
+    EXPECT_EQ(Failure([&] { display.SetRegisterValue(-1, 0); }),
+              "RegisterDisplay::CheckItemIndex: ItemObject array index of -1 is out of range: 0 to 20");
+    EXPECT_EQ(Failure([&] { display.SetBitInputStatus(0, 8, 1); }),
+              "ItemObject::SetRestrictedBit: Bit index of 8 out of range: 0 to 8");
+    ExpectShown(0, 16);
+}
+
+TEST_F(RegisterDisplayTest, TellsWhatTheUserChangedOnceAndKeepsItInTheItem)
+{
+    Fill(40);
+    Scroll(3);
+    Value(2).selectAll();
+    QTest::keyClick(&Value(2), 'a');
+    EXPECT_EQ(Value(2).text(), "A");
+    QTest::keyClick(ShownRows()[2]->Control(8), '1');
+    EXPECT_EQ(told, (std::vector<std::pair<std::int32_t, std::string>>{{0xA, "R5"}, {0xB, "R5"}}));
+    Scroll(30 - 16);
+    Scroll(5);
+    EXPECT_EQ(ShownRows()[0]->value(), 0xB);
+    EXPECT_EQ(told.size(), 2U);
+}
+
+TEST_F(RegisterDisplayTest, EchoesAValueThatIsSetInViewOnly)
+{
+    Fill(40);
+    display.SetRegisterValue(39, 1);
+    EXPECT_TRUE(told.empty());
+    display.SetRegisterValue(2, 0xEE);
+    display.SetRegisterValue(2, 300);
+    EXPECT_EQ(told, (std::vector<std::pair<std::int32_t, std::string>>{{0xEE, "R2"}}));
+    Scroll(24);
+    EXPECT_EQ(ShownRows()[15]->value(), 1);
+}
+
+TEST_F(RegisterDisplayTest, NamesTheRegisterToRead)
+{
+    Fill(40);
+    Scroll(1);
+    std::string asked;
+    const auto read = display.RequestReadRegisterValue.Subscribe([&](const std::string& name) { asked = name; });
+    ShownRows()[4]->findChild<QAction*>("mnuReadSingleRegister")->trigger();
+    EXPECT_EQ(asked, "R5");
+}
+
+TEST_F(RegisterDisplayTest, ShowsAWideRegisterLockedAndWithoutBits)
+{
+    Fill(40);
+    display.SetRegister(0, "Wide", "45", 0x12345);
+    display.SetRegisterTooWide(0);
+    UI_RegisterItem& row = *ShownRows()[0];
+    EXPECT_TRUE(row.ReadOnly());
+    EXPECT_EQ(Value(0).text(), "12345");
+    QLineEdit& cell = *qobject_cast<QLineEdit*>(row.Control(8));
+    QTest::keyClick(&cell, '1');
+    QTest::mouseClick(&cell, Qt::LeftButton);
+    EXPECT_EQ(cell.text(), "");
+    Scroll(16);
+    ExpectShown(16, 16);
+    EXPECT_FALSE(row.ReadOnly());
+}
+
+TEST_F(RegisterDisplayTest, DoesNotUndoIntoTheRegisterShownBefore)
+{
+    Fill(40);
+    display.SetRegisterValue(16, 0);
+    QTest::keyClick(&Value(0), Qt::Key_Delete);
+    QTest::keyClicks(&Value(0), "7");
+    Value(0).selectAll();
+    QTest::keyClicks(&Value(0), "0");
+    Scroll(16);
+    Value(0).undo();
+    EXPECT_EQ(ShownRows()[0]->value(), 0);
+}
+
+TEST_F(RegisterDisplayTest, ReachesEveryRegisterByKeyboard)
+{
+    Fill(40);
+    ShownRows()[0]->FocusColumn(2);
+    for (int item = 1; item < 45; ++item) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+        EXPECT_EQ(Focused(), "Bit 6 of R" + std::to_string(std::min(item, 39)));
+    }
+    ExpectShown(24, 16);
+    for (const char* expected : {"R23", "R7", "R0", "R0"}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageUp);
+        EXPECT_EQ(Focused(), std::string("Bit 6 of ") + expected);
+    }
+    ExpectShown(0, 16);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageDown);
+    EXPECT_EQ(Focused(), "Bit 6 of R16");
+}
+
+TEST_F(RegisterDisplayTest, TabsFromLeftToRightAndFromTopToBottomAfterScrolling)
+{
+    Fill(40);
+    Scroll(5);
+    Scroll(3);
+    ShownRows()[0]->FocusColumn(0);
+    for (int item = 3; item < 19; ++item) {
+        EXPECT_EQ(Focused(), "Value of " + Name(item));
+        for (int bit = 7; bit >= 0; --bit) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            EXPECT_EQ(Focused(), "Bit " + std::to_string(bit) + " of " + Name(item));
+        }
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+}
+
+TEST_F(RegisterDisplayTest, FollowsTheWheelOverItsCells)
+{
+    Fill(40);
+    const auto turn = [&](int angle) {
+        QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, angle}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&wheel); // only a user's turn goes on to the parent
+        qApp->notify(ShownRows()[4]->Control(3), &wheel);
+    };
+    turn(-120);
+    ExpectShown(QApplication::wheelScrollLines(), 16);
+    turn(120);
+    turn(120);
+    ExpectShown(0, 16);
+    for (int i = 0; i < 20; ++i)
+        turn(-240);
+    ExpectShown(24, 16);
+}
+
+}
+}

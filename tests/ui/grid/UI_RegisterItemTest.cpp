@@ -1,0 +1,139 @@
+#include "ui/advanced/UI_RegisterItem.h"
+
+#include "base/Error.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace tarvex {
+namespace {
+
+struct UI_RegisterItemTest : ::testing::Test {
+    UI_RegisterItem row;
+    std::vector<std::int32_t> told;
+    Subscription heard = row.ValueChange.Subscribe([this](std::int32_t value, const std::string& name) {
+        EXPECT_EQ(name, "PLL");
+        told.push_back(value);
+    });
+
+    UI_RegisterItemTest()
+    {
+        row.NameCaption("PLL");
+        row.show();
+    }
+
+    QLineEdit& Cell(int bit) { return *row.findChild<QLineEdit*>("Bit_" + QString::number(bit)); }
+    QLineEdit& Text() { return *row.findChild<QLineEdit*>("txtInput"); }
+    QString Digits()
+    {
+        QString digits;
+        for (int bit = 7; bit >= 0; --bit)
+            digits += Cell(bit).text();
+        return digits;
+    }
+    void SetAll(std::int16_t flags)
+    {
+        for (std::int16_t bit = 0; bit < 8; ++bit)
+            row.SetBitStatus(bit, flags);
+    }
+};
+
+TEST_F(UI_RegisterItemTest, MovesFieldAndCellsTogether)
+{
+    EXPECT_EQ(Text().text(), "00");
+    QTest::mouseClick(&Cell(0), Qt::LeftButton);
+    EXPECT_EQ(Text().text(), "1");
+    Text().selectAll();
+    QTest::keyClicks(&Text(), "A5");
+    EXPECT_EQ(Digits(), "10100101");
+    EXPECT_EQ(row.value(), 0xA5);
+    EXPECT_EQ(told, (std::vector<std::int32_t>{1, 0xA, 0xA5}));
+}
+
+TEST_F(UI_RegisterItemTest, TakesOnlyZeroOneAndSpaceInACell)
+{
+    QTest::keyClick(&Cell(3), '1');
+    QTest::keyClick(&Cell(3), '1');
+    EXPECT_EQ(row.value(), 8);
+    QTest::keyClick(&Cell(3), Qt::Key_Space);
+    EXPECT_EQ(row.value(), 0);
+    told.clear();
+    for (const Qt::Key key : {Qt::Key_2, Qt::Key_A, Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Return})
+        QTest::keyClick(&Cell(3), key);
+    QTest::keyClick(&Cell(3), Qt::Key_V, Qt::ControlModifier);
+    QTest::mouseClick(&Cell(3), Qt::MiddleButton);
+    Cell(3).setText("7");
+    EXPECT_EQ(Digits(), "00000000");
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(UI_RegisterItemTest, TogglesOnceForADoubleClick)
+{
+    QTest::mouseClick(&Cell(2), Qt::LeftButton);
+    QTest::mouseDClick(&Cell(2), Qt::LeftButton);
+    QTest::mouseRelease(&Cell(2), Qt::LeftButton);
+    EXPECT_EQ(row.value(), 4);
+    EXPECT_FALSE(Cell(2).hasSelectedText());
+    EXPECT_EQ(told, (std::vector<std::int32_t>{4}));
+}
+
+TEST_F(UI_RegisterItemTest, LeavesLockedCellsAlone)
+{
+    row.SetBitStatus(0, 1);
+    QTest::mouseDClick(&Cell(0), Qt::LeftButton);
+    QTest::keyClicks(&Cell(0), "1 ");
+    Cell(0).setText("1");
+    EXPECT_EQ(Digits(), "00000000");
+    EXPECT_NE(Cell(0).focusPolicy() & Qt::TabFocus, 0);
+}
+
+TEST_F(UI_RegisterItemTest, LocksTheFieldWithAllCells)
+{
+    SetAll(1);
+    EXPECT_TRUE(row.ReadOnly());
+    EXPECT_EQ(Text().palette().color(QPalette::Base), QColor(0, 225, 180));
+    row.SetBitStatus(5, 2);
+    EXPECT_FALSE(row.ReadOnly());
+    EXPECT_EQ(Text().palette().color(QPalette::Base), QColor(Qt::white));
+    EXPECT_EQ(Text().palette().color(QPalette::Text), QColor(Qt::black));
+}
+
+TEST_F(UI_RegisterItemTest, RefusesBitsOutsideTheRow)
+{
+    for (const std::int16_t bit : std::initializer_list<std::int16_t>{-1, 8})
+        for (const bool tip : {false, true})
+            try {
+                tip ? row.SetBitToolTip(bit, "") : row.SetBitStatus(bit, 2);
+                ADD_FAILURE() << bit;
+            } catch (const Error& error) {
+                EXPECT_EQ(error.Number(), ObjectError(1));
+                EXPECT_EQ(error.Source(), "UI_RegisterItem::SetBitStatus");
+                EXPECT_EQ(error.Description(),
+                          "Bit index of " + std::to_string(bit) + " out of range. Range is 0 to 7");
+            }
+}
+
+TEST_F(UI_RegisterItemTest, IgnoresValuesOutsideItsLimits)
+{
+    row.value(0xB);
+    row.value(300);
+    EXPECT_EQ(Text().text(), "B");
+    EXPECT_EQ(told, (std::vector<std::int32_t>{0xB}));
+}
+
+TEST_F(UI_RegisterItemTest, NamesItsControlsAndTheAccess)
+{
+    row.SetBitToolTip(7, "Enable");
+    row.SetBitStatus(7, 4);
+    EXPECT_EQ(Cell(7).toolTip(), "Enable\nWrite only");
+    EXPECT_EQ(Cell(7).accessibleName(), "Bit 7 of PLL");
+    EXPECT_EQ(Text().accessibleName(), "Value of PLL");
+    row.SetNameToolTip("Divider");
+    EXPECT_EQ(row.findChild<QLabel*>("NameLabel")->toolTip(), "Divider");
+}
+
+}
+}
