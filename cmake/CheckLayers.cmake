@@ -72,6 +72,7 @@ macro(check_own_header header)
   endif()
 endmacro()
 
+get_filename_component(SOURCES ${SOURCES} ABSOLUTE)
 file(GLOB_RECURSE files RELATIVE ${SOURCES} ${SOURCES}/*.h ${SOURCES}/*.cpp ${SOURCES}/*.in)
 if(NOT files)
   message(FATAL_ERROR "There are no sources in ${SOURCES}")

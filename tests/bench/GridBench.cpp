@@ -29,13 +29,13 @@ void Fill(RegisterDisplay& grid)
     }
 }
 
-/// Scrolls by a distance and paints, many times; the median of one.
+/// Scrolls by a distance and paints, many times; the median of one. One thread does all of it.
 double ScrollTime(RegisterDisplay& grid, int distance)
 {
     constexpr int kScrolls = 200;
     std::vector<double> times;
     for (int i = 1; i <= kScrolls; ++i) {
-        times.push_back(Time([&] {
+        times.push_back(ProcessorTime([&] {
             grid.Scroll(ScrollDirection::Vertical, static_cast<std::int16_t>(i * distance));
             QApplication::processEvents();
         }));
@@ -60,7 +60,7 @@ int main(int argc, char** argv)
     QApplication::processEvents();
 
     bool kept = Report("scrolling 10,000 registers by a page", ScrollTime(grid, grid.MaxDisplayItems()), 5, "ms");
-    std::printf("    by a row %.2f ms\n", ScrollTime(grid, 1));
+    kept &= Report("scrolling 10,000 registers by a row", ScrollTime(grid, 1), 5, "ms");
     kept &= Report("rows filled again when scrolling by a row", grid.RefilledRows(), 1, "row");
     return kept ? EXIT_SUCCESS : EXIT_FAILURE;
 }

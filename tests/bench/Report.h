@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <vector>
 
 namespace tarvex::bench {
@@ -22,6 +23,14 @@ template <class Work> double Time(Work&& work)
     const auto begin = std::chrono::steady_clock::now();
     work();
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
+}
+
+/// Milliseconds that the processor spends on the work in this process, however busy the machine is.
+template <class Work> double ProcessorTime(Work&& work)
+{
+    const std::clock_t begin = std::clock();
+    work();
+    return 1000.0 * static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
 }
 
 /// Prints one promise with what was measured; whether it is kept.

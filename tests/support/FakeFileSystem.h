@@ -80,7 +80,7 @@ public:
 
     std::map<std::string, std::string> files; ///< content by path
     std::set<std::string> folders;            ///< what CreateFolder made
-    std::set<std::string> foreign; ///< files that are no working copies of ours
+    std::set<std::string> foreign;            ///< files that are no working copies of ours
     std::set<long long> livingProcesses;
     std::string temporaryFolder = "/tmp";
 
