@@ -81,6 +81,10 @@ TEST_F(PosixFileSystemTest, MakesWorkingCopiesOfItsOwnOnly)
 {
     const std::string source = folder.Write("source", "text");
     const std::string target = folder.Write("target", "a longer leftover");
+    EXPECT_NE(NumberOf([&] { files.CopyToWorkingFile(source, target); }), 0) << "a file of the user's own";
+    EXPECT_FALSE(files.IsOwnWorkingFile(target));
+    fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_TRUE(files.IsOwnWorkingFile(target));
     EXPECT_TRUE(files.CopyToWorkingFile(source, target));
     EXPECT_EQ(folder.Read("target"), "text");
     EXPECT_EQ(ModeOf(target), 0600U);

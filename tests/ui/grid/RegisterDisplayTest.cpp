@@ -227,6 +227,16 @@ TEST_F(RegisterDisplayTest, ReachesEveryRegisterByKeyboard)
     EXPECT_EQ(Focused(), "Bit 6 of R16");
 }
 
+TEST_F(RegisterDisplayTest, SurvivesKeysWithoutRegisters)
+{
+    display.MaxDisplayItems(3);
+    for (UI_RegisterItem* row : ShownRows())
+        for (const Qt::Key key : {Qt::Key_Down, Qt::Key_PageUp, Qt::Key_1, Qt::Key_Space})
+            QTest::keyClick(row->Control(5), key);
+    EXPECT_EQ(ShownRows().size(), 3U);
+    EXPECT_TRUE(told.empty());
+}
+
 TEST_F(RegisterDisplayTest, TabsFromLeftToRightAndFromTopToBottomAfterScrolling)
 {
     Fill(40);

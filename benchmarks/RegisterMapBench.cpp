@@ -1,4 +1,4 @@
-#include "bench/Report.h"
+#include "benchmarks/Report.h"
 #include "config/IProgress.h"
 #include "config/TarvexController.h"
 #include "config/TarvexData.h"
