@@ -222,10 +222,12 @@ private:
         const char quote = Letter();
         if (quote != '"' && quote != '\'')
             Refuse("the attribute value has no quotation marks");
-        ++position_;
+        const std::size_t opening = position_++;
         for (SkipTo(kEndsValue); Letter() != quote; SkipTo(kEndsValue)) {
-            if (position_ == text_.size())
+            if (position_ == text_.size()) {
+                position_ = opening; // where to look for the fault
                 Refuse("the attribute value is not closed");
+            }
             if (Letter() == '<')
                 Refuse("the attribute value holds a <");
             if (Letter() == '&')
