@@ -1,0 +1,63 @@
+#pragma once
+
+#include "ui/advanced/IRegisterView.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tarvex {
+
+/// A register window without a window: keeps what it was told to show last, and how often.
+class FakeRegisterView : public IRegisterView {
+public:
+    bool IsViewVisible() const override { return visible; }
+    void FillGrid() override
+    {
+        ++fills;
+        Echo();
+    }
+    void ShowValue(std::int16_t position) override
+    {
+        shownRows.push_back(position);
+        Echo();
+    }
+    void ShowAllValues() override
+    {
+        ++shownWhole;
+        Echo();
+    }
+    bool RealTime() const override { return realTime; }
+    void RealTime(bool on) override { realTime = on; }
+    void EnableTransfers(bool enabled) override { transfersEnabled = enabled; }
+    void ShowRules(const ProductRules& rulesToShow) override { rules = rulesToShow; }
+    void ShowTitle(const std::string& text) override { title = text; }
+    void ShowProducts(const std::vector<MenuChoice>& choices) override { products = choices; }
+    void ShowLinks(const std::vector<MenuChoice>& choices) override { links = choices; }
+    void ShowTarget(const std::string& address, const std::string& channel) override
+    {
+        target = address + " " + channel;
+    }
+
+    bool visible = true;
+    bool realTime = false;
+    std::function<void()> echo; ///< what the grid reports while it takes new values
+    int fills = 0;
+    int shownWhole = 0;
+    std::vector<std::int16_t> shownRows;
+    bool transfersEnabled = false;
+    ProductRules rules{"", false, false};
+    std::string title;
+    std::vector<MenuChoice> products;
+    std::vector<MenuChoice> links;
+    std::string target;
+
+private:
+    void Echo() const
+    {
+        if (echo)
+            echo();
+    }
+};
+
+}

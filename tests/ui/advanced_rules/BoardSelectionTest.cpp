@@ -1,0 +1,217 @@
+#include "ui/advanced_rules/BoardFixture.h"
+
+namespace tarvex {
+
+namespace {
+
+using Choices = std::vector<MenuChoice>;
+
+const std::string kSeveralLinks =
+    "Vexlon supports multiple communication links.  Select one on the Communication menu to connect.";
+const std::string kNoAnswer = "Unable to connect or verify communications to device Vexlon on USB-HID Device";
+
+}
+
+TEST_F(BoardTest, SelectingAProductShowsItAndReadsItsBoardOnce)
+{
+    preferences_.autoConnect = true; // asks for a read, too, as the new link does
+    Start();
+    EXPECT_EQ(view_.links, Choices());
+    EXPECT_EQ(board_->SelectedProductName(), "");
+
+    board_->SelectProduct("Vexlon");
+    EXPECT_EQ(board_->SelectedProductName(), "Vexlon");
+    EXPECT_EQ(view_.title, "Tarvex");
+    EXPECT_TRUE(view_.transfersEnabled);
+    EXPECT_EQ(view_.fills, 1);
+    EXPECT_EQ(view_.products.front(), (MenuChoice{"Vexlon", true}));
+    EXPECT_EQ(std::count_if(view_.products.begin(), view_.products.end(), [](auto& each) { return each.checked; }), 1);
+    EXPECT_EQ(view_.links, (Choices{{"USB-HID Device", true}, {"Demo", false}}));
+    EXPECT_TRUE(WasStatus("Changing underlying communication link."));
+    EXPECT_TRUE(WasStatus(kSeveralLinks));
+    EXPECT_EQ(Reads().size(), std::size_t{kRegisters});
+
+    Register("R0").value(7);
+    board_->SelectProduct("Vexlon");
+    EXPECT_EQ(view_.fills, 1);
+    EXPECT_EQ(Register("R0").value(), 7);
+    EXPECT_EQ(Reads().size(), std::size_t{kRegisters});
+}
+
+TEST_F(BoardTest, AProductThatTheInitFileLacksIsRefused)
+{
+    StartWithVexlon();
+    const auto device = document_->device();
+    ExpectError([this] { board_->SelectProduct("Mirage"); }, 101, "AdvancedForm::ProductMenu_Click",
+                "Invalid XML file.  Product Mirage not found.");
+    EXPECT_EQ(board_->SelectedProductName(), "Vexlon");
+    EXPECT_EQ(document_->device(), device);
+    EXPECT_EQ(state_.g_minInitVersion, "2.0.0");
+    EXPECT_EQ(Reads().size(), 0U);
+}
+
+TEST_F(BoardTest, EachProductHasItsLinkItsEntriesAndItsOldestFile)
+{
+    const struct {
+        const char* product;
+        const char* link; ///< the serial network is not among the links of this program: the demo board stays
+        bool serial, address;
+        const char* minimum;
+    } kProducts[] = {{"Vexlon", "USB-HID Device", false, false, "2.0.0"},
+                     {"Vexlon-Fx_Channel1", "USB-HID Device", false, false, "2.0.0"},
+                     {"Kestra-Fx", "USB-HID Device", false, true, "2.4.0"},
+                     {"Cendra", "Demo device", true, true, "2.4.0"},
+                     {"Ossary", "Demo device", true, true, "2.4.10"},
+                     {"Ossary-Plus", "Demo device", true, true, "2.4.0"}};
+    for (const auto& each : kProducts) {
+        SCOPED_TRACE(each.product);
+        Start();
+        board_->SelectProduct(each.product);
+        EXPECT_EQ(DeviceType(), each.link);
+        EXPECT_EQ(view_.rules.serialSettings, each.serial);
+        EXPECT_EQ(view_.rules.networkAddress, each.address);
+        EXPECT_EQ(state_.g_minInitVersion, each.minimum);
+        EXPECT_EQ(WasStatus(std::string(each.product) + " supports multiple communication links.  Select one on the "
+                                                        "Communication menu to connect."),
+                  std::string("Vexlon") == each.product);
+        board_.reset();
+    }
+    EXPECT_EQ(view_.target, "0x333 1"); // of the last one
+}
+
+TEST_F(BoardTest, DemoModeOffersTheDemoBoardOnly)
+{
+    Start("-demo");
+    for (const char* product : {"Vexlon", "Cendra"}) {
+        board_->SelectProduct(product);
+        EXPECT_EQ(DeviceType(), kDemoDeviceType);
+        EXPECT_EQ(view_.links, (Choices{{"Demo device", true}}));
+        EXPECT_EQ(Status(), "8 registers read, none failed.");
+    }
+}
+
+TEST_F(BoardTest, ALinkThatTheProgramLacksChangesNothing)
+{
+    StartWithVexlon();
+    const auto device = document_->device();
+    board_->SelectLink("SerialZorbus");
+    EXPECT_EQ(document_->device(), device);
+    EXPECT_TRUE(device->IsConnected());
+    EXPECT_EQ(Status(), "The communication link SerialZorbus is not available.");
+    EXPECT_EQ(view_.links, (Choices{{"USB-HID Device", true}, {"Demo", false}}));
+    EXPECT_EQ(Reads().size(), 0U);
+}
+
+TEST_F(BoardTest, ANewLinkIsConnectedAndReadOnce)
+{
+    StartWithVexlon();
+    const auto usb = usb_;
+    board_->SelectLink("Demo");
+    EXPECT_FALSE(usb->connected);
+    EXPECT_EQ(view_.links, (Choices{{"USB-HID Device", false}, {"Demo", true}}));
+    EXPECT_EQ(screen_.status.front(), "Changing underlying communication link.");
+    EXPECT_EQ(Status(), "8 registers read, none failed.");
+
+    const auto demo = document_->device();
+    board_->SelectLink("Demo");
+    EXPECT_NE(document_->device(), demo); // chosen by the name "Demo", it calls itself otherwise
+
+    board_->SelectLink("USB-HID Device");
+    EXPECT_NE(usb_, usb);
+    EXPECT_EQ(usb_->calls, (Names{"connect", "VerifyCommunications"}));
+    EXPECT_EQ(Reads().size(), std::size_t{kRegisters});
+}
+
+TEST_F(BoardTest, ADeviceThatIsNotFoundByItsIdsCanBePicked)
+{
+    prepareLink_ = [](FakeUsbLink& link) {
+        link.foundByIds = false;
+        link.browseAnswer = "VEXLON scaler (0x1)";
+    };
+    Start();
+    prompts_.ExpectMessage(kNoAnswer);
+    board_->SelectProduct("Vexlon");
+    view_.fills = 0;
+
+    prompts_.ExpectMessage("Connect now to device VEXLON scaler (0x1)", Answer::No);
+    board_->ReadConfiguration();
+    EXPECT_EQ(Reads().size(), 0U);
+
+    usb_->canConnect = false;
+    prompts_.ExpectMessage("Connect now to device VEXLON scaler (0x1)", Answer::Yes);
+    prompts_.ExpectMessage("Unable to connect to VEXLON scaler (0x1)");
+    board_->SelectLink("USB-HID Device");
+    EXPECT_EQ(view_.fills, 0);
+
+    usb_->canConnect = true;
+    prompts_.ExpectMessage("Connect now to device VEXLON scaler (0x1)", Answer::Yes);
+    preferences_.autoConnect = true;
+    view_.transfersEnabled = false;
+    board_->ReadConfiguration();
+    EXPECT_GE(view_.fills, 1);
+    EXPECT_TRUE(view_.transfersEnabled);
+    EXPECT_EQ(Reads().size(), std::size_t{kRegisters});
+    EXPECT_EQ(Status(), "Connected to VEXLON scaler (0x1)");
+    EXPECT_EQ(prompts_.messages.back().buttons, Buttons::YesNo);
+
+    usb_->connected = false;
+    usb_->browseAnswer.clear();
+    prompts_.ExpectMessage(kNoAnswer);
+    board_->ReadConfiguration();
+    EXPECT_EQ(Reads().size(), std::size_t{kRegisters});
+}
+
+TEST_F(BoardTest, AnotherBoardOnTheSameKindOfLinkIsConnectedAnew)
+{
+    StartWithVexlon();
+    board_->SelectProduct("Vexlon-Fx_Channel1");
+    EXPECT_EQ(std::count(usb_->calls.begin(), usb_->calls.end(), "Disconnect"), 1);
+    board_->ReadConfiguration();
+    EXPECT_EQ(std::count(usb_->calls.begin(), usb_->calls.end(), "connect"), 1);
+}
+
+TEST_F(BoardTest, WithoutADeviceEverythingSaysThatNothingIsConnected)
+{
+    StartWithVexlon();
+    board_->SelectLink("Ethernet");
+    ASSERT_EQ(DeviceType(), "none");
+    prompts_.ExpectMessage("Unable to connect or verify communications to device Vexlon on ");
+    board_->ReadConfiguration();
+    prompts_.ExpectMessage("Failed to connect to Vexlon");
+    board_->LoadConfiguration();
+    prompts_.ExpectMessage("Unable to connect or verify communications to device Vexlon on ");
+    board_->ReadSingleRegister("R1");
+    view_.realTime = true;
+    board_->EditRegister("R1", 9);
+    EXPECT_EQ(Changed(), Names{"R1"});
+    board_->RealTimeTicked();
+    EXPECT_FALSE(view_.realTime);
+    EXPECT_EQ(busyDepth_, 0);
+}
+
+TEST_F(BoardTest, AHiddenWindowReadsNothingAndShowsNoBox)
+{
+    preferences_.autoConnect = true;
+    view_.visible = false;
+    Start();
+    document_->controller().InitDevice("Vexlon");
+    EXPECT_EQ(view_.fills, 1);
+    document_->SelectCommLink("USB-HID Device");
+    EXPECT_EQ(usb_->calls, Names());
+    EXPECT_EQ(usb_->transfers.size(), 0U);
+    EXPECT_EQ(screen_.status, Names());
+}
+
+TEST_F(BoardTest, WhatAnotherViewDoesIsNotReadAgain)
+{
+    preferences_.autoConnect = true;
+    Start();
+    document_->controller().InitDevice("Vexlon");
+    document_->SelectCommLink("USB-HID Device");
+    EXPECT_EQ(usb_->transfers.size(), 0U);
+    EXPECT_EQ(view_.links, (Choices{{"USB-HID Device", true}, {"Demo", false}}));
+    board_->EditRegister("R1", 9); // an action that asks for no read
+    EXPECT_EQ(usb_->transfers.size(), 0U);
+}
+
+}
