@@ -6,13 +6,11 @@ namespace {
 
 TEST_F(ProgramTest, HelpShowsTheUsageAndEndsWith0)
 {
-    for (const char* form : {"-help", "-H"}) {
-        ProgramDriver driver(With({form}));
-        driver.WaitShown("MessageBox");
-        EXPECT_NE(driver.Text("MessageBox").find("-zb_unit_test  run the unit tests and close"), std::string::npos);
-        driver.Key("Return");
-        EXPECT_EQ(driver.ExitCode(), 0);
-    }
+    ProgramDriver driver(With({"-H"}));
+    driver.WaitShown("MessageBox");
+    EXPECT_NE(driver.Text("MessageBox").find("-zb_unit_test  run the unit tests and close"), std::string::npos);
+    driver.Key("Return");
+    EXPECT_EQ(driver.ExitCode(), 0);
 }
 
 TEST_F(ProgramTest, AnUnknownSwitchIsToldAndEndsWith1)
@@ -26,12 +24,9 @@ TEST_F(ProgramTest, AnUnknownSwitchIsToldAndEndsWith1)
 
 TEST_F(ProgramTest, BatchModeEndsWithoutABox)
 {
-    struct Case {
-        std::vector<std::string> switches;
-        int code;
-    };
-    for (const Case& c : {Case{{"-auto"}, 5}, Case{{"-auto", "-bogus"}, 1}, Case{{"board.xml", "-auto"}, 2}})
-        EXPECT_EQ(ProgramDriver(With(c.switches)).ExitCode(), c.code) << c.switches.front();
+    EXPECT_EQ(ProgramDriver(With({"-auto"})).ExitCode(), 5);
+    EXPECT_EQ(ProgramDriver(With({"-auto", "-bogus"})).ExitCode(), 1);
+    EXPECT_EQ(ProgramDriver(With({"board.xml", "-auto"})).ExitCode(), 2);
     EXPECT_EQ(WorkingCopies(), 0);
 }
 
@@ -48,7 +43,7 @@ TEST_F(ProgramTest, AMissingInitFileIsSearchedForOrEndsWith2)
 {
     ProgramDriver driver(Copied({}));
     driver.WaitShown("MessageBox");
-    EXPECT_EQ(driver.Property("MessageBox", "windowTitle"), "Tarvex Init File Not Found");
+    EXPECT_TRUE(driver.Text("MessageBox").starts_with("Unable to find the initialization file Tarvex.xml in "));
     driver.Key("Alt+N");
     EXPECT_EQ(driver.ExitCode(), 2);
 }

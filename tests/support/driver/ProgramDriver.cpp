@@ -2,6 +2,7 @@
 
 #include "support/driver/Protocol.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
@@ -22,20 +23,10 @@ constexpr int kPatience = 60'000; // milliseconds
 
 [[noreturn]] void Fail(const std::string& text) { throw std::runtime_error(text); }
 
-std::string ContentsOf(const std::filesystem::path& file)
-{
-    std::ostringstream text;
-    text << std::ifstream(file, std::ios::binary).rdbuf();
-    return text.str();
-}
-
 bool IsOfDesktop(std::string_view name)
 {
-    for (const std::string_view start : {"DISPLAY", "WAYLAND_", "QT_", "XDG_", "TARVEX_"}) {
-        if (name.starts_with(start))
-            return true;
-    }
-    return false;
+    const auto starts = {"DISPLAY", "WAYLAND_", "QT_", "XDG_", "TARVEX_"};
+    return std::any_of(starts.begin(), starts.end(), [name](auto* start) { return name.starts_with(start); });
 }
 
 using Environment = std::map<std::string, std::string>;
@@ -53,14 +44,11 @@ Environment Inherited()
     return result;
 }
 
-/// Folders of the user, made below `folder`.
+/// Folders of the user, made below `folder`; those for configuration and data lie below the home.
 Environment OwnFolders(const std::filesystem::path& folder)
 {
     const Environment places = {
-        {"HOME", "home"},           {"XDG_CONFIG_HOME", "home/.config"},     {"XDG_CACHE_HOME", "home/.cache"},
-        {"TMPDIR", "tmp"},          {"XDG_DATA_HOME", "home/.local/share"},  {"XDG_RUNTIME_DIR", "runtime"},
-        {"TARVEX_ROOT", "c-drive"}, {"XDG_STATE_HOME", "home/.local/state"},
-    };
+        {"HOME", "home"}, {"TMPDIR", "tmp"}, {"XDG_RUNTIME_DIR", "runtime"}, {"TARVEX_ROOT", "c-drive"}};
     Environment result;
     for (const auto& [name, place] : places) {
         std::filesystem::create_directories(folder / place);
@@ -100,7 +88,7 @@ std::vector<char*> Pointers(std::vector<std::string>& texts)
 ProgramDriver::ProgramDriver(const ProgramStart& start) : folder_(start.folder)
 {
     int ends[2];
-    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
+    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0)
         Fail("no socket");
     socket_ = ends[0];
     Start(start, ends[1]);
@@ -123,13 +111,12 @@ void ProgramDriver::Start(const ProgramStart& start, int childEnd)
     arguments.insert(arguments.begin(), start.program);
     std::vector<std::string> environment = EnvironmentFor(start);
     const auto workingFolder = start.workingFolder.empty() ? folder_ : start.workingFolder;
-    const std::string output = folder_ / "stdout";
     const std::string errors = folder_ / "stderr";
 
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, 1, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
     posix_spawn_file_actions_addopen(&actions, 2, errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     posix_spawn_file_actions_adddup2(&actions, childEnd, driver::kDescriptor);
     posix_spawn_file_actions_addchdir_np(&actions, workingFolder.c_str());
@@ -142,40 +129,25 @@ void ProgramDriver::Start(const ProgramStart& start, int childEnd)
     }
 }
 
-bool ProgramDriver::AwaitInput() const
+std::string ProgramDriver::ReadLine() const
 {
     pollfd poller{socket_, POLLIN, 0};
-    return poll(&poller, 1, kPatience) > 0;
-}
-
-std::string ProgramDriver::ReadLine()
-{
-    while (received_.find('\n') == std::string::npos) {
-        if (!AwaitInput())
-            Fail("the program does not answer; it said: " + ErrorOutput());
-        char chunk[4096];
-        const ssize_t count = read(socket_, chunk, sizeof chunk);
-        if (count <= 0)
-            return {};
-        received_.append(chunk, static_cast<std::size_t>(count));
-    }
-    const auto end = received_.find('\n');
-    std::string line = received_.substr(0, end);
-    received_.erase(0, end + 1);
-    return line;
+    if (poll(&poller, 1, kPatience) <= 0)
+        Fail("the program does not answer; it said: " + ErrorOutput());
+    return driver::ReceiveLine(socket_);
 }
 
 std::string ProgramDriver::Send(const std::vector<std::string>& command)
 {
     const std::string line = driver::ToLine(command);
-    if (send(socket_, line.data(), line.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(line.size()))
-        Fail("the program has ended before " + line + ErrorOutput());
+    if (send(socket_, line.data(), line.size(), MSG_NOSIGNAL) < 0)
+        Fail("the program has ended before " + line + ": " + ErrorOutput());
     const std::string answer = ReadLine();
     if (answer.empty())
         return "ended"; // an input may end the program before it is answered
     const auto fields = driver::ToFields(answer);
     if (fields.at(0) != "ok")
-        Fail(line + fields.at(1));
+        Fail(line + ": " + fields.at(1));
     return fields.at(1);
 }
 
@@ -193,8 +165,11 @@ int ProgramDriver::ExitCode()
     return exitCode_;
 }
 
-std::string ProgramDriver::Output() const { return ContentsOf(folder_ / "stdout"); }
-
-std::string ProgramDriver::ErrorOutput() const { return ContentsOf(folder_ / "stderr"); }
+std::string ProgramDriver::ErrorOutput() const
+{
+    std::ostringstream text;
+    text << std::ifstream(folder_ / "stderr", std::ios::binary).rdbuf();
+    return text.str();
+}
 
 }
