@@ -8,7 +8,6 @@
 #include <fcntl.h>
 #include <fstream>
 #include <poll.h>
-#include <spawn.h>
 #include <sstream>
 #include <stdexcept>
 #include <sys/socket.h>
@@ -23,55 +22,42 @@ constexpr int kPatience = 60'000; // milliseconds
 
 [[noreturn]] void Fail(const std::string& text) { throw std::runtime_error(text); }
 
-bool IsOfDesktop(std::string_view name)
+/// What every run is started with: folders of the user below `folder`, no desktop, and the driver. An empty value takes
+/// the variable away.
+std::map<std::string, std::string> UsualEnvironment(const std::filesystem::path& folder)
 {
-    const auto starts = {"DISPLAY", "WAYLAND_", "QT_", "XDG_", "TARVEX_"};
-    return std::any_of(starts.begin(), starts.end(), [name](auto* start) { return name.starts_with(start); });
-}
-
-using Environment = std::map<std::string, std::string>;
-
-/// The caller's environment without its desktop.
-Environment Inherited()
-{
-    Environment result;
-    for (char** entry = environ; *entry; ++entry) {
-        const std::string_view text = *entry;
-        const auto equals = text.find('=');
-        if (equals != std::string_view::npos && !IsOfDesktop(text.substr(0, equals)))
-            result.emplace(text.substr(0, equals), text.substr(equals + 1));
-    }
-    return result;
-}
-
-/// Folders of the user, made below `folder`; those for configuration and data lie below the home.
-Environment OwnFolders(const std::filesystem::path& folder)
-{
-    const Environment places = {
-        {"HOME", "home"}, {"TMPDIR", "tmp"}, {"XDG_RUNTIME_DIR", "runtime"}, {"TARVEX_ROOT", "c-drive"}};
-    Environment result;
-    for (const auto& [name, place] : places) {
-        std::filesystem::create_directories(folder / place);
-        result[name] = folder / place;
-    }
+    for (const char* name : {"home", "tmp", "runtime", "c-drive"})
+        std::filesystem::create_directories(folder / name);
     std::filesystem::permissions(folder / "runtime", std::filesystem::perms::owner_all);
-    return result;
+    return {{"HOME", folder / "home"},
+            {"TMPDIR", folder / "tmp"},
+            {"TARVEX_ROOT", folder / "c-drive"},
+            {"XDG_RUNTIME_DIR", folder / "runtime"},
+            {"XDG_CONFIG_HOME", ""},
+            {"XDG_CACHE_HOME", ""},
+            {"XDG_DATA_HOME", ""},
+            {"XDG_STATE_HOME", ""},
+            {"XDG_CURRENT_DESKTOP", ""},
+            {"DISPLAY", ""},
+            {"WAYLAND_DISPLAY", ""},
+            {"QT_STYLE_OVERRIDE", ""},
+            {"QT_SCALE_FACTOR", ""},
+            {"QT_QPA_PLATFORMTHEME", ""},
+            {"QT_QPA_PLATFORM", "offscreen"},
+            {"QT_PLUGIN_PATH", TARVEX_TEST_PLUGINS},
+            {"QT_QPA_GENERIC_PLUGINS", "tarvexdriver"}};
 }
 
-std::vector<std::string> EnvironmentFor(const ProgramStart& start)
+void SetEnvironment(const ProgramStart& start)
 {
-    Environment environment = start.environment;
-    environment.merge(OwnFolders(start.folder));
-    environment.merge(Environment{{"QT_QPA_PLATFORM", "offscreen"},
-                                  {"QT_PLUGIN_PATH", TARVEX_TEST_PLUGINS},
-                                  {"QT_QPA_GENERIC_PLUGINS", "tarvexdriver"}});
-    environment.merge(Inherited());
-    std::vector<std::string> result;
+    auto environment = start.environment;
+    environment.merge(UsualEnvironment(start.folder));
     for (const auto& [name, value] : environment) {
-        if (!value.empty())
-            result.push_back(name + '=' + value);
+        if (value.empty())
+            unsetenv(name.c_str());
+        else
+            setenv(name.c_str(), value.c_str(), 1);
     }
-    return result;
 }
 
 std::vector<char*> Pointers(std::vector<std::string>& texts)
@@ -83,6 +69,19 @@ std::vector<char*> Pointers(std::vector<std::string>& texts)
     return result;
 }
 
+/// Makes this process, a fork of the test, the program.
+[[noreturn]] void Become(const ProgramStart& start, int socket) noexcept
+{
+    SetEnvironment(start);
+    std::filesystem::current_path(start.workingFolder.empty() ? start.folder : start.workingFolder);
+    dup2(open((start.folder / "stderr").c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600), STDERR_FILENO);
+    dup2(socket, driver::kDescriptor);
+    std::vector<std::string> arguments = start.switches;
+    arguments.insert(arguments.begin(), start.program);
+    execv(start.program.c_str(), Pointers(arguments).data());
+    _exit(127);
+}
+
 }
 
 ProgramDriver::ProgramDriver(const ProgramStart& start) : folder_(start.folder)
@@ -91,7 +90,9 @@ ProgramDriver::ProgramDriver(const ProgramStart& start) : folder_(start.folder)
     if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0)
         Fail("no socket");
     socket_ = ends[0];
-    Start(start, ends[1]);
+    pid_ = fork();
+    if (pid_ == 0)
+        Become(start, ends[1]);
     close(ends[1]);
     ReadLine();
 }
@@ -103,30 +104,6 @@ ProgramDriver::~ProgramDriver()
         waitpid(pid_, nullptr, 0);
     }
     close(socket_);
-}
-
-void ProgramDriver::Start(const ProgramStart& start, int childEnd)
-{
-    std::vector<std::string> arguments = start.switches;
-    arguments.insert(arguments.begin(), start.program);
-    std::vector<std::string> environment = EnvironmentFor(start);
-    const auto workingFolder = start.workingFolder.empty() ? folder_ : start.workingFolder;
-    const std::string errors = folder_ / "stderr";
-
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, 2, errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    posix_spawn_file_actions_adddup2(&actions, childEnd, driver::kDescriptor);
-    posix_spawn_file_actions_addchdir_np(&actions, workingFolder.c_str());
-    const int failure = posix_spawn(&pid_, start.program.c_str(), &actions, nullptr, Pointers(arguments).data(),
-                                    Pointers(environment).data());
-    posix_spawn_file_actions_destroy(&actions);
-    if (failure != 0) {
-        pid_ = -1;
-        Fail("cannot start " + start.program.string());
-    }
 }
 
 std::string ProgramDriver::ReadLine() const

@@ -48,7 +48,6 @@ public:
     std::string ErrorOutput() const;
 
 private:
-    void Start(const ProgramStart& start, int childEnd);
     /// One answer of the driver; empty when the program closed its side.
     std::string ReadLine() const;
 

@@ -57,16 +57,4 @@ TEST(Guarded, EndsEveryNestedLoopAndDestroysWhatLiesBetween)
     EXPECT_FALSE(wentOn);
 }
 
-TEST(Guarded, OpensNoDialogAfterTheRequest)
-{
-    bool shown = false;
-    const auto code = RunProgram([&] {
-        ExitState::Note(3);
-        ThroughQt([&] { shown = true; });
-    });
-
-    EXPECT_EQ(code, 3);
-    EXPECT_FALSE(shown);
-}
-
 }

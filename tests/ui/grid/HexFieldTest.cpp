@@ -6,7 +6,6 @@
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMimeData>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -34,16 +33,6 @@ struct HexFieldTest : ::testing::Test {
     }
 
     void Choose(const char* name) { field.findChild<QAction*>(name)->trigger(); }
-
-    void Drop(const QString& text)
-    {
-        QMimeData data;
-        data.setText(text);
-        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&box, &enter);
-        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&box, &drop);
-    }
 
     void Commit(const QString& text)
     {
@@ -94,7 +83,6 @@ TEST_F(HexFieldTest, JudgesWhateverComesInWithoutATypedKey)
              QTest::keyClick(&box, Qt::Key_Insert, Qt::ShiftModifier);
          }},
         {"input method", [this](const QString& text) { Commit(text); }},
-        {"drop", [this](const QString& text) { Drop(text); }},
     };
     for (const auto& [name, enter] : ways) {
         for (const char* bad : {"xyz", "123"}) {
@@ -108,23 +96,6 @@ TEST_F(HexFieldTest, JudgesWhateverComesInWithoutATypedKey)
         enter("7");
         EXPECT_TRUE(box.text().contains('7')) << name;
     }
-}
-
-TEST_F(HexFieldTest, RefusesEditsThatLeaveATextThatWasSetOutsideTheLimits)
-{
-    field.HexText("1FFF");
-    Commit("0");
-    EXPECT_EQ(field.HexText(), "1FFF");
-    ASSERT_TRUE(field.TextError());
-    EXPECT_EQ(field.TextError()->Number(), 801);
-}
-
-TEST_F(HexFieldTest, UndoStaysWithinTheLimits)
-{
-    QTest::keyClick(&box, Qt::Key_Backspace);
-    field.MaxValue(15);
-    box.undo();
-    EXPECT_EQ(field.HexText(), "1");
 }
 
 TEST_F(HexFieldTest, OffersItsMenuButNoEditsWhenLocked)

@@ -7,8 +7,6 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QTest>
-#include <QWheelEvent>
-#include <QtTest/qtestspontaneevent.h>
 
 #include <gtest/gtest.h>
 
@@ -202,24 +200,6 @@ TEST_F(RegisterDisplayTest, TabsFromLeftToRightAndFromTopToBottomAfterScrolling)
         }
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
-}
-
-TEST_F(RegisterDisplayTest, FollowsTheWheelOverItsCells)
-{
-    Fill(40);
-    const auto turn = [&](int angle) {
-        QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, angle}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QSpontaneKeyEvent::setSpontaneous(&wheel); // only a user's turn goes on to the parent
-        qApp->notify(ShownRows()[4]->Control(3), &wheel);
-    };
-    turn(-120);
-    ExpectShown(QApplication::wheelScrollLines(), 16);
-    turn(120);
-    turn(120);
-    ExpectShown(0, 16);
-    for (int i = 0; i < 20; ++i)
-        turn(-240);
-    ExpectShown(24, 16);
 }
 
 }

@@ -71,32 +71,19 @@ TEST_F(UI_RegisterItemTest, TogglesOnceForADoubleClick)
     EXPECT_EQ(told, (std::vector<std::int32_t>{4}));
 }
 
-TEST_F(UI_RegisterItemTest, LeavesLockedCellsAlone)
-{
-    row.SetBitStatus(0, 1);
-    QTest::mouseDClick(&Cell(0), Qt::LeftButton);
-    QTest::keyClicks(&Cell(0), "1 ");
-    EXPECT_EQ(Digits(), "00000000");
-}
-
-TEST_F(UI_RegisterItemTest, LocksTheFieldWithAllCells)
+TEST_F(UI_RegisterItemTest, LocksCellsAndWithAllOfThemTheField)
 {
     for (std::int16_t bit = 0; bit < 8; ++bit)
         row.SetBitStatus(bit, 1);
+    QTest::mouseDClick(&Cell(0), Qt::LeftButton);
+    QTest::keyClicks(&Cell(0), "1 ");
+    EXPECT_EQ(Digits(), "00000000");
     EXPECT_TRUE(row.ReadOnly());
     EXPECT_EQ(Text().palette().color(QPalette::Base), QColor(0, 225, 180));
     row.SetBitStatus(5, 2);
     EXPECT_FALSE(row.ReadOnly());
     EXPECT_EQ(Text().palette().color(QPalette::Base), QColor(Qt::white));
     EXPECT_THROW(row.SetBitStatus(8, 2), Error);
-}
-
-TEST_F(UI_RegisterItemTest, IgnoresValuesOutsideItsLimits)
-{
-    row.value(0xB);
-    row.value(300);
-    EXPECT_EQ(Text().text(), "B");
-    EXPECT_EQ(told, (std::vector<std::int32_t>{0xB}));
 }
 
 TEST_F(UI_RegisterItemTest, NamesItsControlsAndTheAccess)

@@ -88,26 +88,6 @@ TEST_F(UserPromptsTest, SurvivesTheDeathOfTheWindowUnderABox)
     EXPECT_EQ(AnswerWith(Buttons::YesNo, [&](QMessageBox&) { delete window; }), Answer::No);
 }
 
-TEST_F(UserPromptsTest, UnwindsNestedBoxesWhenTheProgramEnds)
-{
-    bool wentOn = false;
-    const auto code = RunProgram([&] {
-        OnceShown<QMessageBox>("MessageBox", [&](QMessageBox& outer) {
-            outer.setObjectName("OuterBox");
-            Guarded([&] {
-                OnceShown<QMessageBox>("MessageBox", [](QMessageBox&) { Guarded([] { ExitApplication(7); }); });
-                prompts.Ask("Inner question");
-                wentOn = true;
-            });
-        });
-        prompts.Ask("Outer question");
-        wentOn = true;
-    });
-    EXPECT_EQ(code, 7);
-    EXPECT_FALSE(wentOn);
-    EXPECT_EQ(VisibleWindow("OuterBox"), nullptr);
-}
-
 TEST_F(UserPromptsTest, AsksForAText)
 {
     const auto ask = [&](Qt::Key key) {
@@ -135,16 +115,6 @@ TEST_F(UserPromptsTest, PicksADevice)
     EXPECT_EQ(browse(0, Qt::Key_Return), std::nullopt); // nothing selected
     EXPECT_EQ(browse(3, Qt::Key_Return), 2U);
     EXPECT_EQ(browse(2, Qt::Key_Escape), std::nullopt);
-}
-
-TEST_F(UserPromptsTest, TakesAwayOnlyItsOwnBusyPointers)
-{
-    BusyState busy;
-    const BusyGuard guard(busy);
-    prompts.SetBusyPointer(true);
-    prompts.SetBusyPointer(false);
-    prompts.SetBusyPointer(false);
-    EXPECT_NE(QApplication::overrideCursor(), nullptr);
 }
 
 }

@@ -26,14 +26,5 @@ TEST(UI_RegisterItemRules, ColourLockAndNameABitByItsFlags)
     EXPECT_EQ(TextColourOn(0x800080), 0xFFFFFFU);
 }
 
-TEST(UI_RegisterItemRules, TurnTextIntoBitsAndBack)
-{
-    EXPECT_EQ(BitsOfHexText("a5"), (Bits{true, false, true, false, false, true, false, true}));
-    EXPECT_EQ(BitsOfHexText("FF01"), BitsOfHexText("1"));
-    EXPECT_FALSE(BitsOfHexText("xyz"));
-    EXPECT_EQ(HexTextOfDigits("10100101"), "A5");
-    EXPECT_EQ(HexTextOfDigits("00000000"), "0");
-}
-
 }
 }
