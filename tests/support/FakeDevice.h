@@ -38,6 +38,7 @@ public:
     std::set<Place> mute;                            ///< reads deliver nothing, writes are lost
     std::size_t surplus = 0;                         ///< bytes of FF that a read delivers beyond those asked for
     std::optional<std::size_t> deliver;              ///< a read delivers at most so many bytes
+    std::optional<Error> raise;                      ///< every transfer raises it
     std::map<Place, Error> raiseAt;                  ///< transfers of one register raise it
     std::function<void(const Transfer&)> onTransfer; ///< called at the end of each transfer, as a link's events are
     std::string name = "Fake device";
@@ -45,6 +46,7 @@ public:
     std::string browseAnswer;
     bool connected = true;
     bool canConnect = true;
+    bool verifies = true;
 
     // What it saw.
     std::vector<Transfer> transfers;
@@ -99,8 +101,16 @@ private:
         connected = false;
         return 0;
     }
-    std::string IDevice_Browse() override { return browseAnswer; }
-    bool IDevice_VerifyCommunications(std::int32_t, std::int32_t) override { return true; }
+    std::string IDevice_Browse() override
+    {
+        calls.emplace_back("Browse");
+        return browseAnswer;
+    }
+    bool IDevice_VerifyCommunications(std::int32_t, std::int32_t) override
+    {
+        calls.emplace_back("VerifyCommunications");
+        return verifies;
+    }
 
     std::int32_t Connect(const char* operation)
     {
@@ -113,6 +123,8 @@ private:
 
     void RaiseAsAsked(const Place& place) const
     {
+        if (raise)
+            throw Error(*raise);
         if (const auto found = raiseAt.find(place); found != raiseAt.end())
             throw Error(found->second);
     }
