@@ -22,8 +22,7 @@ constexpr int kPatience = 60'000; // milliseconds
 
 [[noreturn]] void Fail(const std::string& text) { throw std::runtime_error(text); }
 
-/// What every run is started with: folders of the user below `folder`, no desktop, and the driver. An empty value takes
-/// the variable away.
+/// Folders of the user below `folder`, no display, and the driver.
 std::map<std::string, std::string> UsualEnvironment(const std::filesystem::path& folder)
 {
     for (const char* name : {"home", "tmp", "runtime", "c-drive"})
@@ -33,16 +32,6 @@ std::map<std::string, std::string> UsualEnvironment(const std::filesystem::path&
             {"TMPDIR", folder / "tmp"},
             {"TARVEX_ROOT", folder / "c-drive"},
             {"XDG_RUNTIME_DIR", folder / "runtime"},
-            {"XDG_CONFIG_HOME", ""},
-            {"XDG_CACHE_HOME", ""},
-            {"XDG_DATA_HOME", ""},
-            {"XDG_STATE_HOME", ""},
-            {"XDG_CURRENT_DESKTOP", ""},
-            {"DISPLAY", ""},
-            {"WAYLAND_DISPLAY", ""},
-            {"QT_STYLE_OVERRIDE", ""},
-            {"QT_SCALE_FACTOR", ""},
-            {"QT_QPA_PLATFORMTHEME", ""},
             {"QT_QPA_PLATFORM", "offscreen"},
             {"QT_PLUGIN_PATH", TARVEX_TEST_PLUGINS},
             {"QT_QPA_GENERIC_PLUGINS", "tarvexdriver"}};
@@ -50,7 +39,10 @@ std::map<std::string, std::string> UsualEnvironment(const std::filesystem::path&
 
 void SetEnvironment(const ProgramStart& start)
 {
-    auto environment = start.environment;
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME",
+                             "XDG_STATE_HOME", "XDG_CURRENT_DESKTOP", "QT_STYLE_OVERRIDE", "QT_SCALE_FACTOR"})
+        unsetenv(name);
+    auto environment = start.environment; // an empty value in it takes the variable away
     environment.merge(UsualEnvironment(start.folder));
     for (const auto& [name, value] : environment) {
         if (value.empty())

@@ -28,9 +28,9 @@ public:
     }
 
 private:
+    std::jthread waker_; // ends last: it waits for the promise
     std::promise<void> end_;
     std::shared_future<void> done_ = end_.get_future();
-    std::jthread waker_;
 };
 
 class QtWaitTest : public ::testing::Test {
@@ -89,11 +89,12 @@ TEST_F(QtWaitTest, WaitsForTheCallBeforeARequestToEndTheProgramGoesOn)
     const auto code = RunProgram([&] {
         HeldCall call;
         onBeat = [&] {
-            heart.stop();
             Guarded([] { ExitApplication(7); });
-            call.End();
+            if (beats == 3)
+                call.End();
         };
         wait.Until(call);
+        heart.stop();
         callEnded = call.IsDone();
         wait.Breathe();
         wentOn = true;
