@@ -30,6 +30,12 @@ protected:
 
 }
 
+TEST_F(InitFileSearch, FindsTheFileBesideTheProgramInAnyLetterCase)
+{
+    files_.files["/prog/tarvex.XML"] = "";
+    EXPECT_EQ(Find(), "/prog/tarvex.XML");
+}
+
 TEST_F(InitFileSearch, EndsWhenTheUserDeclinesOrCancels)
 {
     prompts_.ExpectMessage(kQuestion, Answer::No);
