@@ -24,8 +24,9 @@ TEST_F(AdvancedFormTest, RegistersAreSetByValueAndByBitAndComeBackFromTheBoard)
     EXPECT_EQ(Status(), "2 registers written, none failed.");
 
     Type("Red Gain", "FF");
-    Click("BTN_Read");
-    EXPECT_EQ(Value("Red Gain").text() + Value("Green Gain").text(), "3C81");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F5);
+    EXPECT_TRUE(RunUntil([this] { return Value("Red Gain").text() == "3C"; }));
+    EXPECT_EQ(Value("Green Gain").text(), "81");
     prompts_.ExpectMessage("No register data to write, application is in sync with device.  Resend all anyway?",
                            Answer::No);
     Click("BTN_Load");
@@ -49,7 +50,8 @@ TEST_F(AdvancedFormTest, RealTimeEditsReachTheBoardAtOnce)
     form_.LockRealTime();
     EXPECT_TRUE(Find<QCheckBox>("CHK_RealTime").isChecked());
     EXPECT_FALSE(Find<QCheckBox>("CHK_RealTime").isEnabled());
-    Click("BTN_Read");
+    prompts_.ExpectOpenFile(std::nullopt);
+    Entry("Open").trigger();
     EXPECT_TRUE(Find<QCheckBox>("CHK_RealTime").isChecked());
 }
 
@@ -64,6 +66,29 @@ TEST_F(AdvancedFormTest, ASingleRegisterIsReadFromItsMenu)
     EXPECT_EQ(Value("Red Gain").text(), "1");
     EXPECT_EQ(Value("Blue Gain").text(), other);
     EXPECT_EQ(Status(), "1 register read, none failed.");
+}
+
+TEST_F(AdvancedFormTest, OnlyEscapeIsHeardWhileTheBoardIsRead)
+{
+    auto board = std::make_shared<FakeDevice>();
+    board->type = "USB-HID Device";
+    links_["USB-HID Device"] = [&] { return board; };
+    StartWith("Vexlon");
+    Type("Red Gain", "3C");
+    board->transfers.clear();
+    board->onTransfer = [&](const auto&) {
+        EXPECT_TRUE(IsShown("ProgressBar1"));
+        EXPECT_EQ(Status(), "Reading register value for " + NameOf(*Rows()[board->transfers.size() - 1]));
+        Click("BTN_Load");
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_7);
+        if (board->transfers.size() == 3)
+            QTest::keyClick(&form_, Qt::Key_Escape);
+    };
+    Click("BTN_Read");
+    EXPECT_EQ(board->transfers.size(), 3U);
+    EXPECT_EQ(Status(), "3 registers read, none failed. Cancelled with Escape.");
+    EXPECT_EQ(Value("Red Gain").text(), "0");
+    EXPECT_FALSE(IsShown("ProgressBar1"));
 }
 
 TEST_F(AdvancedFormTest, TheScrollBarAndTheKeysReachEveryRegister)
@@ -91,10 +116,15 @@ TEST_F(AdvancedFormTest, TheScrollBarAndTheKeysReachEveryRegister)
     bar.setValue(bar.maximum());
     EXPECT_EQ(Value(last).text(), "7E");
 
+    Entry("ProductMenu_1").trigger(); // another long list, from its top
+    EXPECT_EQ(form_.SelectedProductName(), "Vexlon-Fx_Channel1");
+    EXPECT_TRUE(bar.isVisible());
+    EXPECT_EQ(bar.value(), 0);
+    EXPECT_EQ(NameOf(*Rows().front()), "Scratch");
+
     Entry("ProductMenu_4").trigger();
     EXPECT_EQ(form_.SelectedProductName(), "Kestra-Fx");
     EXPECT_FALSE(bar.isVisible());
-    EXPECT_EQ(bar.value(), 0);
     EXPECT_LT(Rows().size(), 16U);
 }
 
