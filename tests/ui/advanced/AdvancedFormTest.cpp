@@ -61,7 +61,7 @@ TEST_F(AdvancedFormTest, ShowsItsMenusAndWaitsForAProduct)
 
 TEST_F(AdvancedFormTest, ControlsHaveTheirCaptions)
 {
-    StartWith("Cendra");
+    StartWith("Ossary-Plus");
     const std::pair<const char*, const char*> kLabels[] = {{"Label3", "Address"},
                                                            {"Label4", "Name"},
                                                            {"Label5", "Bit(s) 7:0"},
@@ -74,6 +74,7 @@ TEST_F(AdvancedFormTest, ControlsHaveTheirCaptions)
     EXPECT_EQ(Find<QCheckBox>("CHK_RealTime").text(), "Real Time Update");
     for (const char* address : {"LBL_ZorbusID", "TXT_ZorbusID", "TXT_ChannelLabel", "TXT_ChannelNum"})
         EXPECT_TRUE(IsShown(address)) << address;
+    EXPECT_EQ(LineText("TXT_ZorbusID") + " " + LineText("TXT_ChannelNum"), "0x333 1");
 
     // Each heading stands over its column.
     const QWidget& row = *Rows().front();
@@ -83,6 +84,9 @@ TEST_F(AdvancedFormTest, ControlsHaveTheirCaptions)
         EXPECT_EQ(Find<QWidget>(heading).mapTo(&form_, QPoint()).x(),
                   row.findChild<QWidget*>(column)->mapTo(&form_, QPoint()).x())
             << heading;
+
+    Entry("ProductMenu_0").trigger();
+    EXPECT_FALSE(IsShown("TXT_ZorbusID") || IsShown("TXT_ChannelNum"));
 }
 
 TEST_F(AdvancedFormTest, PreferencesAreShownAndSavedOnce)

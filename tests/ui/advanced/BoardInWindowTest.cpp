@@ -128,16 +128,6 @@ TEST_F(AdvancedFormTest, TheScrollBarAndTheKeysReachEveryRegister)
     EXPECT_LT(Rows().size(), 16U);
 }
 
-TEST_F(AdvancedFormTest, ProductsShowOrHideTheNetworkAddress)
-{
-    StartWith("Ossary-Plus");
-    EXPECT_TRUE(IsShown("TXT_ZorbusID"));
-    EXPECT_EQ(LineText("TXT_ZorbusID") + " " + LineText("TXT_ChannelNum"), "0x333 1");
-    Entry("ProductMenu_0").trigger();
-    EXPECT_FALSE(IsShown("TXT_ZorbusID"));
-    EXPECT_FALSE(IsShown("TXT_ChannelNum"));
-}
-
 TEST_F(AdvancedFormTest, OtherViewsRefreshTheirRegister)
 {
     StartWith("Vexlon");

@@ -206,16 +206,4 @@ TEST_F(BoardTest, AHiddenWindowReadsNothingAndShowsNoBox)
     EXPECT_EQ(usb_->transfers.size(), 0U);
 }
 
-TEST_F(BoardTest, WhatAnotherViewDoesIsNotReadAgain)
-{
-    preferences_.autoConnect = true;
-    Start();
-    document_->controller().InitDevice("Vexlon");
-    document_->SelectCommLink("USB-HID Device");
-    EXPECT_EQ(usb_->transfers.size(), 0U);
-    EXPECT_EQ(view_.links, (Choices{{"USB-HID Device", true}, {"Demo", false}}));
-    board_->EditRegister("R1", 9); // an action that asks for no read
-    EXPECT_EQ(usb_->transfers.size(), 0U);
-}
-
 }
