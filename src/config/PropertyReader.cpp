@@ -46,7 +46,7 @@ std::shared_ptr<TarvexProperty> ReadProperty(XmlElement element, const MapFile& 
     std::vector<std::shared_ptr<RegisterObject>> registers;
     std::vector<std::string> bitStrings;
     for (auto field = element.Child("BitsDescriptor"); field; field = field.NextSame()) {
-        auto target = map.FindRegister(std::string(field.ChildContent("RegisterName")));
+        auto target = map.FindRegister(field.ChildContent("RegisterName"));
         if (!target)
             RaiseInitFileError(file, kReadPropertiesSource);
         CheckBitIndex(field.ChildContent("BitIndex"), wordSize);

@@ -23,6 +23,12 @@ RegisterMap::~RegisterMap()
         ending->ClearDependencies();
 }
 
+void RegisterMap::Reserve(std::size_t more)
+{
+    registers.reserve(registers.size() + more);
+    registerPositions.reserve(registers.size() + more);
+}
+
 bool RegisterMap::AddRegister(std::shared_ptr<RegisterObject> added)
 {
     if (!registerPositions.emplace(added->Name(), registers.size()).second)
@@ -37,13 +43,13 @@ void RegisterMap::AddProperty(std::shared_ptr<TarvexProperty> added)
     properties.push_back(std::move(added));
 }
 
-std::shared_ptr<RegisterObject> RegisterMap::FindRegister(const std::string& name) const
+std::shared_ptr<RegisterObject> RegisterMap::FindRegister(std::string_view name) const
 {
     const auto found = registerPositions.find(name);
     return found == registerPositions.end() ? nullptr : registers[found->second];
 }
 
-std::shared_ptr<TarvexProperty> RegisterMap::FindProperty(const std::string& name) const
+std::shared_ptr<TarvexProperty> RegisterMap::FindProperty(std::string_view name) const
 {
     const auto found = propertyPositions.find(name);
     return found == propertyPositions.end() ? nullptr : properties[found->second];

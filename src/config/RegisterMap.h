@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -17,10 +18,10 @@ class TarvexProperty;
 /// it is whole. Views share its registers and may outlive it; the registers' dependencies end with it.
 struct RegisterMap {
     std::vector<std::shared_ptr<RegisterObject>> registers;
-    std::unordered_map<std::string, std::size_t> registerPositions;
+    std::unordered_map<std::string_view, std::size_t> registerPositions; ///< the names are the registers' own
     std::vector<std::shared_ptr<TarvexGroup>> groups;
     std::vector<std::shared_ptr<TarvexProperty>> properties;
-    std::unordered_map<std::string, std::size_t> propertyPositions;
+    std::unordered_map<std::string_view, std::size_t> propertyPositions;
 
     RegisterMap() = default;
     RegisterMap(RegisterMap&&) = default;
@@ -29,13 +30,15 @@ struct RegisterMap {
     /// Registers may depend on each other in a circle, which would keep them alive for ever.
     ~RegisterMap();
 
+    /// Makes room for this many more registers.
+    void Reserve(std::size_t more);
     /// Adds a register; false when its name is taken.
     bool AddRegister(std::shared_ptr<RegisterObject> added);
     /// Adds a property; the first one of a name is the one that is found.
     void AddProperty(std::shared_ptr<TarvexProperty> added);
     /// The register or property of exactly this name, or none.
-    std::shared_ptr<RegisterObject> FindRegister(const std::string& name) const;
-    std::shared_ptr<TarvexProperty> FindProperty(const std::string& name) const;
+    std::shared_ptr<RegisterObject> FindRegister(std::string_view name) const;
+    std::shared_ptr<TarvexProperty> FindProperty(std::string_view name) const;
 };
 
 /// One device as the file describes it: its identity and its map.

@@ -94,6 +94,7 @@ void RegisterMapReader::ReadRegisterList(XmlElement list)
     auto group = std::make_shared<TarvexGroup>();
     group->Name(std::string(list.Attribute("description")));
     group->ID("0x" + std::string(baseText));
+    device_.map.Reserve(list.ChildCount());
     for (auto child = list.FirstChild(); child; child = child.NextSibling()) {
         if (child.Tag() != "Register")
             RaiseInitFileError(file_, kReadRegistersSource);
@@ -131,15 +132,18 @@ void RegisterMapReader::ReadBits(const Parts& parts, RegisterObject& target) con
 {
     std::int32_t counted = 0;
     Bits positions;
+    BitTexts descriptions{};
     for (const XmlElement bits : parts.bits) {
         counted += ParseBitString(bits.Content(), positions);
         if (counted > target.MaxBits())
             RaiseInitFileError(file_, kReadRegistersSource);
-        MarkBits(bits, positions, target);
+        MarkBits(bits, positions, target, descriptions);
     }
+    target.DescribeBits(descriptions);
 }
 
-void RegisterMapReader::MarkBits(XmlElement bits, const Bits& positions, RegisterObject& target) const
+void RegisterMapReader::MarkBits(XmlElement bits, const Bits& positions, RegisterObject& target,
+                                 BitTexts& descriptions) const
 {
     const std::int16_t flags = FlagsOf(bits.Attribute("access"));
     const auto description = bits.Attribute("description");
@@ -151,7 +155,7 @@ void RegisterMapReader::MarkBits(XmlElement bits, const Bits& positions, Registe
         const auto bit = static_cast<std::int16_t>(i);
         target.SetBitFlags(bit, flags);
         if (!description.empty())
-            target.SetBitDescription(bit, description);
+            descriptions[i] = description;
     }
 }
 

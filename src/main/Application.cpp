@@ -54,7 +54,7 @@ public:
     {
         QTimer::singleShot(0, &mainWindow_, [this] {
             Guarded([this] { startup_.Run(); });
-            Guarded([this] { EndIfNothingIsShown(); });
+            Guarded(EndIfNothingIsShown);
         });
         QApplication::exec();
         return ExitState::Code();

@@ -19,7 +19,7 @@ std::string Variable(const char* name)
 
 std::string RootFolder()
 {
-    if (const std::string root = Variable("TARVEX_ROOT"); !root.empty())
+    if (std::string root = Variable("TARVEX_ROOT"); !root.empty())
         return root;
     if (const std::string states = Variable("XDG_STATE_HOME"); states.starts_with('/'))
         return states + "/tarvex";

@@ -175,6 +175,19 @@ void RegisterObject::SetBitDescription(std::int16_t bit, std::string_view text)
     bitDescriptions_.replace(begin, length, text.substr(0, text.find('\0')));
 }
 
+void RegisterObject::DescribeBits(std::span<const std::string_view> texts)
+{
+    std::string packed;
+    for (std::size_t i = 0; i < flags_.size(); ++i) {
+        if (i < texts.size())
+            packed.append(texts[i].substr(0, texts[i].find('\0')));
+        packed.push_back('\0');
+    }
+    bitDescriptions_.clear();
+    if (packed.size() > flags_.size())
+        bitDescriptions_ = std::move(packed);
+}
+
 std::string RegisterObject::GetBitDescription(std::int16_t bit) const
 {
     CheckIndex(bit, "RegisterObject::GetBitDescription", "Bit");

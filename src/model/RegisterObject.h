@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -70,6 +71,9 @@ public:
     /// A text ends at its first zero character.
     void SetBitDescription(std::int16_t bit, std::string_view text);
     std::string GetBitDescription(std::int16_t bit) const;
+    /// Sets the descriptions of all bits at once, from bit 0 up; those beyond the list become empty, texts beyond the
+    /// register's width are passed over.
+    void DescribeBits(std::span<const std::string_view> texts);
 
     /// Adds a register that is read and written after this one; adding it twice transfers it twice.
     void AddDependency(std::shared_ptr<RegisterObject> other);

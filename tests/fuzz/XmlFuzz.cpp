@@ -28,22 +28,6 @@ void CheckSame(XmlElement left, XmlElement right, int depth)
     Require(!other, "no child is added");
 }
 
-std::size_t CountTagged(XmlElement element, std::string_view tag)
-{
-    std::size_t count = 0;
-    for (const XmlElement& child : element.Children())
-        count += (child.Tag() == tag ? 1U : 0U) + CountTagged(child, tag);
-    return count;
-}
-
-void CheckSearches(XmlElement root)
-{
-    const XmlElement last = root.Children().empty() ? root : root.Children().back();
-    Require(root.Descendants(last.Tag()).size() == CountTagged(root, last.Tag()), "every descendant is found");
-    const XmlElement found = root.FindDescendant(last.Tag(), last.Content());
-    Require(last == root || (found.Tag() == last.Tag() && found.Content() == last.Content()), "an element is found");
-}
-
 XmlDocument Reload(const XmlDocument& document)
 {
     XmlDocument again;
@@ -59,7 +43,6 @@ void Check(std::string_view text)
         Require(!document.Root() && document.LastErrorText().starts_with("line "), "a refusal says where");
         return;
     }
-    CheckSearches(document.Root());
     XmlDocument laidOut = Reload(Reload(document));
     Require(laidOut.ToText() == Reload(laidOut).ToText(), "what was laid out once is written the same again");
 

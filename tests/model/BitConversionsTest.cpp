@@ -25,20 +25,11 @@ TEST(BitConversions, ParsesEveryFormOfABitString)
         std::vector<int> positions;
         std::size_t size;
     } cases[] = {{"", 0, {}, 8},
-                 {"3", 1, {3}, 8},
-                 {"0:7", 8, {0, 1, 2, 3, 4, 5, 6, 7}, 8},
-                 {"2:4", 3, {2, 3, 4}, 8},
-                 {"0:2,5:7", 6, {0, 1, 2, 5, 6, 7}, 8},
                  {"1,4:7", 5, {1, 4, 5, 6, 7}, 8},
-                 {"4:2", 1, {4}, 8},
-                 {"2,2", 2, {2}, 8},
+                 {"4:2,4", 2, {4}, 8},
                  {"10", 2, {0, 1}, 8},
-                 {":2", 3, {0, 1, 2}, 8},
                  {"5,:1", 3, {0, 1, 5}, 8},
-                 {"5:,1", 3, {0, 1, 5}, 8},
                  {"1:2:3", 6, {0, 1, 2, 3}, 8},
-                 {"0:3,:7", 12, {0, 1, 2, 3, 4, 5, 6, 7}, 15},
-                 {"8", 1, {8}, 9},
                  {"0:9", 10, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, 15},
                  {"0:7,0:7", 16, {0, 1, 2, 3, 4, 5, 6, 7}, 29}};
     for (const auto& c : cases) {
@@ -49,23 +40,14 @@ TEST(BitConversions, ParsesEveryFormOfABitString)
     }
 }
 
-TEST(BitConversions, RefusesOtherCharactersByTheirCode)
-{
-    const struct {
-        const char* text;
-        int code;
-    } cases[] = {{"1, 2", 32},      {"1;2", 59},          {"-1", 45},   {"a", 97},    {"\xC3\xA9", 233},
-                 {"\xC2\xB5", 181}, {"\xE2\x82\xAC", 63}, {"\xFF", 63}, {"\xC3", 195}};
-    for (const auto& c : cases) {
-        Bits bits;
-        ExpectError([&] { ParseBitString(c.text, bits); }, ObjectError(100), "Function ParseBitString",
-                    "Invalid character " + std::to_string(c.code) + " in parse string");
-    }
-}
-
-TEST(BitConversions, RefusesMoreMarksThanItsCountHolds)
+TEST(BitConversions, RefusesOtherCharactersAndTooManyMarks)
 {
     Bits bits;
+    const std::pair<const char*, int> cases[] = {{"1, 2", 32},         {"-1", 45},   {"a", 97},    {"\xC3\xA9", 233},
+                                                 {"\xE2\x82\xAC", 63}, {"\xFF", 63}, {"\xC3", 195}};
+    for (const auto& c : cases)
+        ExpectError([&] { ParseBitString(c.first, bits); }, ObjectError(100), "Function ParseBitString",
+                    "Invalid character " + std::to_string(c.second) + " in parse string");
     EXPECT_EQ(ParseBitString(std::string(32767, '1'), bits), 32767);
     ExpectError([&] { ParseBitString(std::string(32768, '1'), bits); }, kErrOverflow);
 }
@@ -73,76 +55,49 @@ TEST(BitConversions, RefusesMoreMarksThanItsCountHolds)
 TEST(BitConversions, BytesAndBitsMatchBothWays)
 {
     EXPECT_EQ(TrueAt(ByteToBits(0xA5)), (std::vector<int>{0, 2, 5, 7}));
-    for (int byte = 0; byte < 256; ++byte)
-        EXPECT_EQ(BitsToByte(ByteToBits(static_cast<std::uint8_t>(byte))), byte);
-    EXPECT_EQ(BitsToByte({}), 0);
-    EXPECT_EQ(BitsToByte({false, true}), 2);
-    ExpectError([] { BitsToByte(Bits(9)); }, ObjectError(1), "Function:BitsToByte",
-                "Too many bits, 9, passed to convert to byte, max is 8");
-}
-
-TEST(BitConversions, ReadsDigitsFromTheMostSignificantOne)
-{
-    EXPECT_EQ(BitStringToByte("00101101"), 45);
-    EXPECT_EQ(BitStringToByte(" 101 "), 5);
-    EXPECT_EQ(BitStringToByte(""), 0);
-    EXPECT_EQ(BitStringToByte("2x1"), 1);
-    ExpectError([] { BitStringToByte("000000000"); }, ObjectError(0), "Function:BitStringToByte",
-                "source bitString represents more than 8 bits");
-}
-
-TEST(BitConversions, ExtractsOnlyBitsThatAreThere)
-{
+    EXPECT_EQ(BitsToByte(ByteToBits(0xA5)), 0xA5);
+    EXPECT_EQ(BitStringToByte(" 101 ") + BitStringToByte("2x1") + BitStringToByte(""), 6);
     Bits bits(16);
     bits[9] = bits[15] = true;
-    EXPECT_EQ(TrueAt(Extract8Bits(bits, 8, 8)), (std::vector<int>{1, 7}));
     EXPECT_EQ(TrueAt(Extract8Bits(bits, 8, 7)), std::vector<int>{1});
     EXPECT_EQ(Extract8Bits(bits, 16, 0), Bits(8));
-    ExpectError([&] { Extract8Bits(bits, 9, 8); }, ObjectError(0), "Function:Extract8Bits",
-                "Not enough bits to extract beginning at 9 thru 17");
-    ExpectError([&] { Extract8Bits(bits, 0, 9); }, kErrSubscript);
-    ExpectError([&] { Extract8Bits(bits, -1, 8); }, kErrSubscript);
 }
 
-TEST(BitConversions, JoinsBytesToALong)
+TEST(BitConversions, LongsTravelWithTheLeastSignificantByteFirst)
 {
     EXPECT_EQ(BytesToLong({0x34, 0x12}, 2), 0x1234);
     EXPECT_EQ(BytesToLong({0x34, 0x12}, 1), 0x34);
-    EXPECT_EQ(BytesToLong({0xFF, 0xFF}, 2), 65535);
     EXPECT_EQ(BytesToLong(Bytes(4, 0xFF), 4), -1);
-    EXPECT_EQ(BytesToLong({0, 0, 0, 0x80}, 4), INT32_MIN);
-    ExpectError([] { BytesToLong(Bytes(5), 5); }, 10, "Function:BytesToLong",
-                "5 bytes is too many to convert to long, max is 4");
-    ExpectError([] { BytesToLong(Bytes(4), 0); }, kErrTypeMismatch);
-    ExpectError([] { BytesToLong(Bytes(1), 2); }, kErrSubscript);
-}
-
-TEST(BitConversions, SplitsALongAndCountsItsBytes)
-{
+    EXPECT_EQ(IntToBytes(0x1234), (Bytes{0x34, 0x12}));
     const struct {
         std::int32_t value;
         int count;
         Bytes bytes;
-    } cases[] = {{0, 1, {0, 0, 0, 0}},
-                 {255, 1, {255, 0, 0, 0}},
-                 {256, 2, {0, 1, 0, 0}},
-                 {65536, 3, {0, 0, 1, 0}},
-                 {0x123456, 3, {0x56, 0x34, 0x12, 0}},
-                 {0x12345678, 4, {0x78, 0x56, 0x34, 0x12}},
-                 {INT32_MAX, 4, {0xFF, 0xFF, 0xFF, 0x7F}}};
+    } cases[] = {{0, 1, {0, 0, 0, 0}}, {65536, 3, {0, 0, 1, 0}}, {INT32_MAX, 4, {0xFF, 0xFF, 0xFF, 0x7F}}};
     for (const auto& c : cases) {
         Bytes bytes(7, 0xEE);
         EXPECT_EQ(LongToBytes(c.value, bytes), c.count) << c.value;
         EXPECT_EQ(bytes, c.bytes) << c.value;
     }
-    Bytes bytes;
-    ExpectError([&] { LongToBytes(-1, bytes); }, 10, "Function:LongToBytes", "Cannot convert a negative long to bytes");
 }
 
-TEST(BitConversions, SplitsAnIntegerIntoTwoBytes)
+TEST(BitConversions, RefusesWhatDoesNotFit)
 {
-    EXPECT_EQ(IntToBytes(0x1234), (Bytes{0x34, 0x12}));
-    EXPECT_EQ(IntToBytes(32767), (Bytes{0xFF, 0x7F}));
+    Bytes bytes;
+    const Bits bits(16);
+    ExpectError([] { BitsToByte(Bits(9)); }, ObjectError(1), "Function:BitsToByte",
+                "Too many bits, 9, passed to convert to byte, max is 8");
+    ExpectError([] { BitStringToByte("000000000"); }, ObjectError(0), "Function:BitStringToByte",
+                "source bitString represents more than 8 bits");
+    ExpectError([&] { Extract8Bits(bits, 9, 8); }, ObjectError(0), "Function:Extract8Bits",
+                "Not enough bits to extract beginning at 9 thru 17");
+    ExpectError([&] { Extract8Bits(bits, 0, 9); }, kErrSubscript);
+    ExpectError([&] { Extract8Bits(bits, -1, 8); }, kErrSubscript);
+    ExpectError([] { BytesToLong(Bytes(5), 5); }, 10, "Function:BytesToLong",
+                "5 bytes is too many to convert to long, max is 4");
+    ExpectError([] { BytesToLong(Bytes(4), 0); }, kErrTypeMismatch);
+    ExpectError([] { BytesToLong(Bytes(1), 2); }, kErrSubscript);
+    ExpectError([&] { LongToBytes(-1, bytes); }, 10, "Function:LongToBytes", "Cannot convert a negative long to bytes");
     ExpectError([] { IntToBytes(-5); }, 10, "Function:IntToBytes", "Cannot convert a negative integer to bytes");
 }
 

@@ -7,7 +7,7 @@
 
 namespace tarvex {
 
-enum class FileOperation { CopyToWorkingFile, Remove, ListFolder, ReadWholeFile, ReplaceFile, OpenText, CreateFolder };
+enum class FileOperation { CopyToWorkingFile, OpenText };
 
 /// A file system of which chosen operations fail, each the way it says: with the error of a full disk or with its
 /// answer. The others are those of the file system behind it.
@@ -18,43 +18,29 @@ public:
     bool FileExists(const std::string& path) override { return inner_.FileExists(path); }
     std::string TemporaryFolder() override { return inner_.TemporaryFolder(); }
     std::string FindOwnFile(const std::string& path) override { return inner_.FindOwnFile(path); }
+    bool Remove(const std::string& path) noexcept override { return inner_.Remove(path); }
+    std::vector<std::string> ListFolder(const std::string& path) override { return inner_.ListFolder(path); }
+    bool CreateFolder(const std::string& path) override { return inner_.CreateFolder(path); }
+    bool IsOwnWorkingFile(const std::string& path) override { return inner_.IsOwnWorkingFile(path); }
+    bool ProcessLives(long long processId) override { return inner_.ProcessLives(processId); }
 
     bool CopyToWorkingFile(const std::string& source, const std::string& target) override
     {
-        RaiseIfFailing(FileOperation::CopyToWorkingFile, "CopyToWorkingFile");
+        if (failing.contains(FileOperation::CopyToWorkingFile))
+            Raise(ObjectError(1), "FailingFileSystem::CopyToWorkingFile", "No space left on device");
         return inner_.CopyToWorkingFile(source, target);
-    }
-
-    bool Remove(const std::string& path) noexcept override
-    {
-        return !Fails(FileOperation::Remove) && inner_.Remove(path);
-    }
-
-    std::vector<std::string> ListFolder(const std::string& path) override
-    {
-        return Fails(FileOperation::ListFolder) ? std::vector<std::string>() : inner_.ListFolder(path);
     }
 
     std::string ReadWholeFile(const std::string& path, std::size_t limit) override
     {
-        RaiseIfFailing(FileOperation::ReadWholeFile, "ReadWholeFile");
         return inner_.ReadWholeFile(path, limit);
     }
 
-    void ReplaceFile(const std::string& path, std::string_view content) override
-    {
-        RaiseIfFailing(FileOperation::ReplaceFile, "ReplaceFile");
-        inner_.ReplaceFile(path, content);
-    }
+    void ReplaceFile(const std::string& path, std::string_view content) override { inner_.ReplaceFile(path, content); }
 
     std::unique_ptr<ITextStream> OpenText(const std::string& path, OpenMode mode) override
     {
-        return Fails(FileOperation::OpenText) ? nullptr : inner_.OpenText(path, mode);
-    }
-
-    bool CreateFolder(const std::string& path) override
-    {
-        return !Fails(FileOperation::CreateFolder) && inner_.CreateFolder(path);
+        return failing.contains(FileOperation::OpenText) ? nullptr : inner_.OpenText(path, mode);
     }
 
     bool IsSameFile(const std::string& left, const std::string& right) override
@@ -62,20 +48,9 @@ public:
         return inner_.IsSameFile(left, right);
     }
 
-    bool IsOwnWorkingFile(const std::string& path) override { return inner_.IsOwnWorkingFile(path); }
-    bool ProcessLives(long long processId) override { return inner_.ProcessLives(processId); }
-
     std::set<FileOperation> failing;
 
 private:
-    bool Fails(FileOperation operation) const noexcept { return failing.contains(operation); }
-
-    void RaiseIfFailing(FileOperation operation, const char* name) const
-    {
-        if (Fails(operation))
-            Raise(ObjectError(1), std::string("FailingFileSystem::") + name, "No space left on device");
-    }
-
     IFileSystem& inner_;
 };
 

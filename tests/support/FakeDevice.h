@@ -36,18 +36,13 @@ public:
     // What it answers.
     std::map<Place, Bytes> memory;                   ///< a register that is not in it reads as zeros
     std::set<Place> mute;                            ///< reads deliver nothing, writes are lost
-    bool allMute = false;                            ///< as if every register was mute
     std::size_t surplus = 0;                         ///< bytes of FF that a read delivers beyond those asked for
     std::optional<std::size_t> deliver;              ///< a read delivers at most so many bytes
     std::optional<Error> raise;                      ///< every transfer raises it
     std::map<Place, Error> raiseAt;                  ///< transfers of one register raise it
     std::function<void(const Transfer&)> onTransfer; ///< called at the end of each transfer, as a link's events are
-    std::int32_t productId = 0;
-    std::int32_t vendorId = 0;
     std::string name = "Fake device";
     std::string type = "Fake device";
-    std::string path;
-    std::string firmware = "v0.0";
     std::string browseAnswer;
     bool connected = true;
     bool canConnect = true;
@@ -68,13 +63,13 @@ public:
     }
 
 private:
-    std::int32_t IDevice_ProductID() override { return productId; }
-    std::int32_t IDevice_ProductVendorID() override { return vendorId; }
+    std::int32_t IDevice_ProductID() override { return 0; }
+    std::int32_t IDevice_ProductVendorID() override { return 0; }
     std::string IDevice_productName() override { return name; }
     std::string IDevice_DeviceType() override { return type; }
     bool IDevice_IsConnected() override { return connected; }
-    std::string IDevice_DevicePath() override { return path; }
-    std::string IDevice_FirmwareVersion() override { return firmware; }
+    std::string IDevice_DevicePath() override { return {}; }
+    std::string IDevice_FirmwareVersion() override { return "v0.0"; }
 
     void IDevice_WriteTo(std::int32_t baseAddress, std::int32_t parameterId, const Bytes& data, std::int16_t byteCount,
                          std::int16_t aspi) override
@@ -124,7 +119,7 @@ private:
         return connected ? 1 : 0;
     }
 
-    bool IsMute(const Place& place) const { return allMute || mute.count(place) != 0; }
+    bool IsMute(const Place& place) const { return mute.contains(place); }
 
     void RaiseAsAsked(const Place& place) const
     {

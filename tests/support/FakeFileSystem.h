@@ -14,7 +14,7 @@ class FakeFileSystem : public IFileSystem {
 public:
     bool FileExists(const std::string& path) override { return files.contains(path); }
 
-    std::string TemporaryFolder() override { return temporaryFolder; }
+    std::string TemporaryFolder() override { return "/tmp"; }
 
     std::string FindOwnFile(const std::string& path) override
     {
@@ -74,15 +74,13 @@ public:
         return left == right && files.contains(left);
     }
 
-    bool IsOwnWorkingFile(const std::string& path) override { return files.contains(path) && !foreign.contains(path); }
+    bool IsOwnWorkingFile(const std::string& path) override { return files.contains(path); }
 
     bool ProcessLives(long long processId) override { return livingProcesses.contains(processId); }
 
     std::map<std::string, std::string> files; ///< content by path
     std::set<std::string> folders;            ///< what CreateFolder made
-    std::set<std::string> foreign;            ///< files that are no working copies of ours
     std::set<long long> livingProcesses;
-    std::string temporaryFolder = "/tmp";
 
 private:
     class Stream : public ITextStream {

@@ -7,7 +7,7 @@
 
 namespace tarvex {
 
-/// Settings in memory. Can fail to read and to write.
+/// Settings in memory. Can fail to read.
 class FakeSettingsStore : public ISettingsStore {
 public:
     std::optional<std::string> Read(std::string_view section, std::string_view key) override
@@ -18,19 +18,17 @@ public:
 
     void Write(std::string_view section, std::string_view key, std::string_view value) override
     {
-        if (!failsToWrite)
-            values[{std::string(section), std::string(key)}] = value;
+        values[{std::string(section), std::string(key)}] = value;
     }
 
     bool Flush() override
     {
         ++flushes;
-        return !failsToWrite;
+        return true;
     }
 
     std::map<std::pair<std::string, std::string>, std::string> values; ///< by section and key
     bool failsToRead = false;
-    bool failsToWrite = false;
     int flushes = 0;
 };
 

@@ -3,19 +3,13 @@
 #include "platform/IWait.h"
 
 #include <functional>
-#include <limits>
-#include <vector>
 
 namespace tarvex {
 
-/// A wait in which time passes at once: pauses are only added up.
+/// A wait in which time passes at once.
 class FakeWait : public IWait {
 public:
-    void Pause(std::chrono::milliseconds duration) override
-    {
-        pauses.push_back(duration);
-        total += duration;
-    }
+    void Pause(std::chrono::milliseconds) override {}
 
     void Until(IPendingCall& call) override
     {
@@ -25,20 +19,14 @@ public:
 
     void Breathe() override
     {
-        ++breaths;
         if (onBreathe)
             onBreathe();
     }
 
-    bool Cancelled() const override { return cancelled || asked++ >= cancelAfter; }
+    bool Cancelled() const override { return cancelled; }
 
-    std::vector<std::chrono::milliseconds> pauses;
-    std::chrono::milliseconds total{0};
-    int breaths = 0;
     std::function<void()> onBreathe; ///< what happens while the window lives, such as a key
     bool cancelled = false;
-    int cancelAfter = std::numeric_limits<int>::max(); ///< so many times Cancelled answers false first
-    mutable int asked = 0;                             ///< times that Cancelled was asked
 };
 
 }

@@ -9,9 +9,10 @@ namespace tarvex {
 namespace {
 
 // Comments and instructions are kept, so that a file says the same after it was loaded and saved. Text of blanks only
-// is layout between elements, but the value of an element that holds nothing else.
-constexpr unsigned kParsing =
-    pugi::parse_default | pugi::parse_comments | pugi::parse_pi | pugi::parse_ws_pcdata_single;
+// is layout between elements, but the value of an element that holds nothing else. The text of an element is kept in
+// its own node, which saves nearly half of the nodes of an init file.
+constexpr unsigned kParsing = pugi::parse_default | pugi::parse_comments | pugi::parse_pi |
+                              pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata;
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 

@@ -128,23 +128,23 @@ void GridPanel::Fill(IConfigController& controller)
 void GridPanel::FillRow(std::int16_t position, const RegisterObject& shown)
 {
     const bool tooWide = shown.MaxBits() > kBitsOfRow;
-    RegisterDisplay1->SetRegister(position, shown.Name(), ToHex(shown.Address()), tooWide ? 0 : shown.value());
+    RegisterDisplay1->SetRegister(position, shown.Name(), ToHex(shown.Address()), shown.value());
     RegisterDisplay1->SetRegisterPrompt(position, TipOf(shown));
-    const std::int16_t bits = std::min(shown.MaxBits(), kBitsOfRow);
-    for (std::int16_t bit = 0; bit < bits; ++bit) {
+    if (tooWide) {
+        RegisterDisplay1->SetRegisterTooWide(position);
+        return;
+    }
+    for (std::int16_t bit = 0; bit < shown.MaxBits(); ++bit) {
         RegisterDisplay1->SetBitInputStatus(position, bit, shown.GetBitFlags(bit));
         RegisterDisplay1->SetBitPrompt(position, bit, shown.GetBitDescription(bit));
     }
-    if (tooWide)
-        RegisterDisplay1->SetRegisterTooWide(position);
 }
 
 void GridPanel::ShowRowValue(std::int16_t position, const RegisterObject& shown)
 {
     if (shown.MaxBits() > kBitsOfRow)
         RegisterDisplay1->SetRegisterPrompt(position, TipOf(shown));
-    else
-        RegisterDisplay1->SetRegisterValue(position, shown.value());
+    RegisterDisplay1->SetRegisterValue(position, shown.value());
 }
 
 void GridPanel::ShowValue(IConfigController& controller, std::int16_t position)

@@ -29,6 +29,11 @@ HexField::HexField(QWidget* parent) : QWidget(parent)
     });
 }
 
+HexField::~HexField()
+{
+    delete txtInput; // it asks its judge once more when it loses the focus
+}
+
 void HexField::BuildMenu()
 {
     auto* menu = new QMenu(this);

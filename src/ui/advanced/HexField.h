@@ -28,6 +28,7 @@ class HexField : public QWidget {
 
 public:
     explicit HexField(QWidget* parent = nullptr);
+    ~HexField() override;
 
     /// After every change of the text, typed or set.
     Event<HexField> Change;

@@ -44,7 +44,7 @@ void RegisterDisplay::keyPressEvent(QKeyEvent* event)
         const int column = RowAtPosition(position).FocusColumn();
         if (column < 0)
             continue;
-        const int target = std::clamp<int>(first_ + position + step, 0, ItemCount() - 1);
+        const int target = std::clamp<int>(first_ + position + step, 0, std::max(0, ItemCount() - 1));
         Guarded([&] { GoToItem(target, column); });
         return;
     }

@@ -110,7 +110,7 @@ void HelpViewer::BuildWindow()
     const int letter = fontMetrics().averageCharWidth();
     const QSize available = screen()->availableSize() * 9 / 10;
     resize(QSize(letter * 110, fontMetrics().lineSpacing() * 34).boundedTo(available));
-    splitter->setSizes({width() / 4, width() * 3 / 4});
+    splitter->setSizes({width() / 3, width() * 2 / 3});
     page_->setFocus();
 }
 

@@ -1,8 +1,6 @@
 #include "support/driver/Commands.h"
 #include "support/driver/Protocol.h"
 
-#include <QAbstractEventDispatcher>
-#include <QByteArray>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QGenericPlugin>
@@ -41,17 +39,11 @@ private:
 
     void Receive()
     {
-        char chunk[4096];
-        const ssize_t count = read(kDescriptor, chunk, sizeof chunk);
-        if (count <= 0) {
+        const std::string line = ReceiveLine(kDescriptor);
+        if (line.empty())
             notifier_.setEnabled(false); // the client is gone; the program goes on as it would without us
-            return;
-        }
-        received_.append(chunk, static_cast<int>(count));
-        for (auto end = received_.indexOf('\n'); end >= 0; end = received_.indexOf('\n')) {
-            Start(ToFields(received_.left(end).toStdString()));
-            received_.remove(0, end + 1);
-        }
+        else
+            Start(ToFields(line));
     }
 
     void Start(Fields command)
@@ -82,7 +74,7 @@ private:
         if (ConditionHolds(pending->command))
             Finish(pending, {"ok", ""});
         else if (pending->since.elapsed() > 20'000)
-            Finish(pending, {"error", "waited in vain; there are: " + DescribeWindows()});
+            Finish(pending, {"error", "waited in vain; there are: " + VisibleWindows()});
         else
             QTimer::singleShot(5ms, this, [this, pending] { Await(pending); });
     }
@@ -97,16 +89,10 @@ private:
     static void Answer(const Fields& answer)
     {
         const std::string line = ToLine(answer);
-        for (std::size_t sent = 0; sent < line.size();) {
-            const ssize_t count = write(kDescriptor, line.data() + sent, line.size() - sent);
-            if (count <= 0)
-                return;
-            sent += static_cast<std::size_t>(count);
-        }
+        [[maybe_unused]] const auto sent = write(kDescriptor, line.data(), line.size());
     }
 
     QSocketNotifier notifier_;
-    QByteArray received_;
 };
 
 /// Brings the driver into an unmodified program that was started with this plug-in named in its environment.

@@ -2,12 +2,12 @@
 
 #include "support/driver/Protocol.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
 #include <poll.h>
-#include <spawn.h>
 #include <sstream>
 #include <stdexcept>
 #include <sys/socket.h>
@@ -22,68 +22,34 @@ constexpr int kPatience = 60'000; // milliseconds
 
 [[noreturn]] void Fail(const std::string& text) { throw std::runtime_error(text); }
 
-std::string ContentsOf(const std::filesystem::path& file)
+/// Folders of the user below `folder`, no display, and the driver.
+std::map<std::string, std::string> UsualEnvironment(const std::filesystem::path& folder)
 {
-    std::ostringstream text;
-    text << std::ifstream(file, std::ios::binary).rdbuf();
-    return text.str();
-}
-
-bool IsOfDesktop(std::string_view name)
-{
-    for (const std::string_view start : {"DISPLAY", "WAYLAND_", "QT_", "XDG_", "TARVEX_"}) {
-        if (name.starts_with(start))
-            return true;
-    }
-    return false;
-}
-
-using Environment = std::map<std::string, std::string>;
-
-/// The caller's environment without its desktop.
-Environment Inherited()
-{
-    Environment result;
-    for (char** entry = environ; *entry; ++entry) {
-        const std::string_view text = *entry;
-        const auto equals = text.find('=');
-        if (equals != std::string_view::npos && !IsOfDesktop(text.substr(0, equals)))
-            result.emplace(text.substr(0, equals), text.substr(equals + 1));
-    }
-    return result;
-}
-
-/// Folders of the user, made below `folder`.
-Environment OwnFolders(const std::filesystem::path& folder)
-{
-    const Environment places = {
-        {"HOME", "home"},           {"XDG_CONFIG_HOME", "home/.config"},     {"XDG_CACHE_HOME", "home/.cache"},
-        {"TMPDIR", "tmp"},          {"XDG_DATA_HOME", "home/.local/share"},  {"XDG_RUNTIME_DIR", "runtime"},
-        {"TARVEX_ROOT", "c-drive"}, {"XDG_STATE_HOME", "home/.local/state"},
-    };
-    Environment result;
-    for (const auto& [name, place] : places) {
-        std::filesystem::create_directories(folder / place);
-        result[name] = folder / place;
-    }
+    for (const char* name : {"home", "tmp", "runtime", "c-drive"})
+        std::filesystem::create_directories(folder / name);
     std::filesystem::permissions(folder / "runtime", std::filesystem::perms::owner_all);
-    return result;
+    return {{"HOME", folder / "home"},
+            {"TMPDIR", folder / "tmp"},
+            {"TARVEX_ROOT", folder / "c-drive"},
+            {"XDG_RUNTIME_DIR", folder / "runtime"},
+            {"QT_QPA_PLATFORM", "offscreen"},
+            {"QT_PLUGIN_PATH", TARVEX_TEST_PLUGINS},
+            {"QT_QPA_GENERIC_PLUGINS", "tarvexdriver"}};
 }
 
-std::vector<std::string> EnvironmentFor(const ProgramStart& start)
+void SetEnvironment(const ProgramStart& start)
 {
-    Environment environment = start.environment;
-    environment.merge(OwnFolders(start.folder));
-    environment.merge(Environment{{"QT_QPA_PLATFORM", "offscreen"},
-                                  {"QT_PLUGIN_PATH", TARVEX_TEST_PLUGINS},
-                                  {"QT_QPA_GENERIC_PLUGINS", "tarvexdriver"}});
-    environment.merge(Inherited());
-    std::vector<std::string> result;
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME",
+                             "XDG_STATE_HOME", "XDG_CURRENT_DESKTOP", "QT_STYLE_OVERRIDE", "QT_SCALE_FACTOR"})
+        unsetenv(name);
+    auto environment = start.environment; // an empty value in it takes the variable away
+    environment.merge(UsualEnvironment(start.folder));
     for (const auto& [name, value] : environment) {
-        if (!value.empty())
-            result.push_back(name + '=' + value);
+        if (value.empty())
+            unsetenv(name.c_str());
+        else
+            setenv(name.c_str(), value.c_str(), 1);
     }
-    return result;
 }
 
 std::vector<char*> Pointers(std::vector<std::string>& texts)
@@ -95,15 +61,30 @@ std::vector<char*> Pointers(std::vector<std::string>& texts)
     return result;
 }
 
+/// Makes this process, a fork of the test, the program.
+[[noreturn]] void Become(const ProgramStart& start, int socket) noexcept
+{
+    SetEnvironment(start);
+    std::filesystem::current_path(start.workingFolder.empty() ? start.folder : start.workingFolder);
+    dup2(open((start.folder / "stderr").c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600), STDERR_FILENO);
+    dup2(socket, driver::kDescriptor);
+    std::vector<std::string> arguments = start.switches;
+    arguments.insert(arguments.begin(), start.program);
+    execv(start.program.c_str(), Pointers(arguments).data());
+    _exit(127);
+}
+
 }
 
 ProgramDriver::ProgramDriver(const ProgramStart& start) : folder_(start.folder)
 {
     int ends[2];
-    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
+    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0)
         Fail("no socket");
     socket_ = ends[0];
-    Start(start, ends[1]);
+    pid_ = fork();
+    if (pid_ == 0)
+        Become(start, ends[1]);
     close(ends[1]);
     ReadLine();
 }
@@ -117,65 +98,25 @@ ProgramDriver::~ProgramDriver()
     close(socket_);
 }
 
-void ProgramDriver::Start(const ProgramStart& start, int childEnd)
-{
-    std::vector<std::string> arguments = start.switches;
-    arguments.insert(arguments.begin(), start.program);
-    std::vector<std::string> environment = EnvironmentFor(start);
-    const auto workingFolder = start.workingFolder.empty() ? folder_ : start.workingFolder;
-    const std::string output = folder_ / "stdout";
-    const std::string errors = folder_ / "stderr";
-
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, 1, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    posix_spawn_file_actions_addopen(&actions, 2, errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    posix_spawn_file_actions_adddup2(&actions, childEnd, driver::kDescriptor);
-    posix_spawn_file_actions_addchdir_np(&actions, workingFolder.c_str());
-    const int failure = posix_spawn(&pid_, start.program.c_str(), &actions, nullptr, Pointers(arguments).data(),
-                                    Pointers(environment).data());
-    posix_spawn_file_actions_destroy(&actions);
-    if (failure != 0) {
-        pid_ = -1;
-        Fail("cannot start " + start.program.string());
-    }
-}
-
-bool ProgramDriver::AwaitInput() const
+std::string ProgramDriver::ReadLine() const
 {
     pollfd poller{socket_, POLLIN, 0};
-    return poll(&poller, 1, kPatience) > 0;
-}
-
-std::string ProgramDriver::ReadLine()
-{
-    while (received_.find('\n') == std::string::npos) {
-        if (!AwaitInput())
-            Fail("the program does not answer; it said: " + ErrorOutput());
-        char chunk[4096];
-        const ssize_t count = read(socket_, chunk, sizeof chunk);
-        if (count <= 0)
-            return {};
-        received_.append(chunk, static_cast<std::size_t>(count));
-    }
-    const auto end = received_.find('\n');
-    std::string line = received_.substr(0, end);
-    received_.erase(0, end + 1);
-    return line;
+    if (poll(&poller, 1, kPatience) <= 0)
+        Fail("the program does not answer; it said: " + ErrorOutput());
+    return driver::ReceiveLine(socket_);
 }
 
 std::string ProgramDriver::Send(const std::vector<std::string>& command)
 {
     const std::string line = driver::ToLine(command);
-    if (send(socket_, line.data(), line.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(line.size()))
-        Fail("the program has ended before " + line + ErrorOutput());
+    if (send(socket_, line.data(), line.size(), MSG_NOSIGNAL) < 0)
+        Fail("the program has ended before " + line + ": " + ErrorOutput());
     const std::string answer = ReadLine();
     if (answer.empty())
         return "ended"; // an input may end the program before it is answered
     const auto fields = driver::ToFields(answer);
     if (fields.at(0) != "ok")
-        Fail(line + fields.at(1));
+        Fail(line + ": " + fields.at(1));
     return fields.at(1);
 }
 
@@ -193,8 +134,11 @@ int ProgramDriver::ExitCode()
     return exitCode_;
 }
 
-std::string ProgramDriver::Output() const { return ContentsOf(folder_ / "stdout"); }
-
-std::string ProgramDriver::ErrorOutput() const { return ContentsOf(folder_ / "stderr"); }
+std::string ProgramDriver::ErrorOutput() const
+{
+    std::ostringstream text;
+    text << std::ifstream(folder_ / "stderr", std::ios::binary).rdbuf();
+    return text.str();
+}
 
 }

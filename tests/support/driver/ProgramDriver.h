@@ -18,8 +18,8 @@ struct ProgramStart {
     std::filesystem::path workingFolder;            ///< `folder` when empty
 };
 
-/// The built program, started without a change to it on a display of its own, and driven as a user would: by mouse and
-/// keyboard on its windows. Every failure, and everything that takes longer than a minute, raises std::runtime_error.
+/// The built program, started without a change to it on a display of its own, and driven as a user would. Every
+/// failure, and everything that takes longer than a minute, raises std::runtime_error.
 class ProgramDriver {
 public:
     /// Starts the program and returns when its event loop runs or when it has ended.
@@ -37,37 +37,24 @@ public:
     void Key(const std::string& keys) { Send({"key", keys}); }
     void Type(const std::string& text) { Send({"type", text}); }
     void WaitShown(const std::string& name) { Send({"wait", "shown", name}); }
-    void WaitHidden(const std::string& name) { Send({"wait", "hidden", name}); }
     void WaitText(const std::string& name, const std::string& part) { Send({"wait", "text", name, part}); }
     std::string Text(const std::string& name) { return Send({"text", name}); }
-    std::string Property(const std::string& name, const std::string& property)
-    {
-        return Send({"property", name, property});
-    }
-    std::string ActionProperty(const std::string& name, const std::string& property)
-    {
-        return Send({"action", name, property});
-    }
 
     /// Asks the program to end, as the system does at shutdown.
     void Terminate() const;
     /// Waits for the end of the program: its exit code, or 128 and the number of the signal that killed it.
     int ExitCode();
     pid_t Pid() const { return pid_; }
-    std::string Output() const;
     std::string ErrorOutput() const;
 
 private:
-    void Start(const ProgramStart& start, int childEnd);
-    /// One line of the driver without its end; empty when the program closed its side.
-    std::string ReadLine();
-    bool AwaitInput() const;
+    /// One answer of the driver; empty when the program closed its side.
+    std::string ReadLine() const;
 
     std::filesystem::path folder_;
     int socket_ = -1;
     pid_t pid_ = -1;
     int exitCode_ = -1;
-    std::string received_;
 };
 
 }

@@ -22,31 +22,8 @@ TEST(UI_RegisterItemRules, ColourLockAndNameABitByItsFlags)
     };
     for (const auto& [flags, look] : cases)
         EXPECT_EQ(LookOfBit(flags), look) << flags;
-}
-
-TEST(UI_RegisterItemRules, KeepDigitsReadableOnEveryAccessColour)
-{
-    EXPECT_EQ(TextColourOn(0xFFFFFF), 0x000000U);
-    EXPECT_EQ(TextColourOn(0x00E1B4), 0x000000U);
     EXPECT_EQ(TextColourOn(0x808080), 0x000000U);
     EXPECT_EQ(TextColourOn(0x800080), 0xFFFFFFU);
-    EXPECT_EQ(TextColourOn(0x000000), 0xFFFFFFU);
-}
-
-TEST(UI_RegisterItemRules, NameTheAccessInTheTip)
-{
-    EXPECT_EQ(BitTip("Enable", "Read only"), "Enable\nRead only");
-    EXPECT_EQ(BitTip("", "Read only"), "Read only");
-    EXPECT_EQ(BitTip("Enable", ""), "Enable");
-}
-
-TEST(UI_RegisterItemRules, TurnTextIntoBitsAndBack)
-{
-    EXPECT_EQ(BitsOfHexText("a5"), (Bits{true, false, true, false, false, true, false, true}));
-    EXPECT_EQ(BitsOfHexText("FF01"), BitsOfHexText("1"));
-    EXPECT_FALSE(BitsOfHexText("xyz"));
-    EXPECT_EQ(HexTextOfDigits("10100101"), "A5");
-    EXPECT_EQ(HexTextOfDigits("00000000"), "0");
 }
 
 }

@@ -1,4 +1,4 @@
-#include "bench/Report.h"
+#include "benchmarks/Report.h"
 #include "ui/advanced/RegisterDisplay.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "bench/Report.h"
+#include "benchmarks/Report.h"
 #include "support/InitFileBuilder.h"
 #include "support/TemporaryFolder.h"
 #include "support/driver/ProgramDriver.h"
