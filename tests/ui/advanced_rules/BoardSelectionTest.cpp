@@ -140,14 +140,14 @@ TEST_F(BoardTest, ADeviceThatIsNotFoundByItsIdsCanBePicked)
     usb_->canConnect = false;
     prompts_.ExpectMessage("Connect now to device VEXLON scaler (0x1)", Answer::Yes);
     prompts_.ExpectMessage("Unable to connect to VEXLON scaler (0x1)");
-    board_->SelectLink("USB-HID Device");
+    board_->ReadConfiguration();
     EXPECT_EQ(view_.fills, 0);
 
     usb_->canConnect = true;
     prompts_.ExpectMessage("Connect now to device VEXLON scaler (0x1)", Answer::Yes);
     preferences_.autoConnect = true;
     view_.transfersEnabled = false;
-    board_->ReadConfiguration();
+    board_->SelectLink("USB-HID Device"); // also finds the device not connected
     EXPECT_GE(view_.fills, 1);
     EXPECT_TRUE(view_.transfersEnabled);
     EXPECT_EQ(Reads().size(), std::size_t{kRegisters});
@@ -200,17 +200,9 @@ TEST_F(BoardTest, AHiddenWindowReadsNothingAndShowsNoBox)
     EXPECT_EQ(usb_->calls, Names());
     EXPECT_EQ(usb_->transfers.size(), 0U);
     EXPECT_EQ(screen_.status, Names());
-}
-
-TEST_F(BoardTest, WhatAnotherViewDoesIsNotReadAgain)
-{
-    preferences_.autoConnect = true;
-    Start();
-    document_->controller().InitDevice("Vexlon");
-    document_->SelectCommLink("USB-HID Device");
-    EXPECT_EQ(usb_->transfers.size(), 0U);
-    EXPECT_EQ(view_.links, (Choices{{"USB-HID Device", true}, {"Demo", false}}));
-    board_->EditRegister("R1", 9); // an action that asks for no read
+    board_->SelectProduct("Vexlon-Fx_Channel1");
+    board_->SelectLink("Demo");
+    board_->SelectLink("USB-HID Device");
     EXPECT_EQ(usb_->transfers.size(), 0U);
 }
 

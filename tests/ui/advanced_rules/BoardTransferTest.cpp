@@ -181,17 +181,6 @@ TEST_F(BoardTest, AFailedWriteStaysMarked)
     EXPECT_EQ(Status(), "1 register written, none failed.");
 }
 
-TEST_F(BoardTest, LoadingToABoardThatCannotBeConnectedWritesNothing)
-{
-    StartWithVexlon();
-    board_->EditRegister("R1", 0x11);
-    usb_->connected = usb_->foundByIds = false;
-    prompts_.ExpectMessage("Failed to connect to Vexlon");
-    board_->LoadConfiguration();
-    EXPECT_EQ(usb_->transfers.size(), 0U);
-    EXPECT_EQ(Changed(), Names{"R1"});
-}
-
 TEST_F(BoardTest, ASingleRegisterIsReadAlone)
 {
     StartBesideWizard();

@@ -1,0 +1,149 @@
+#pragma once
+
+#include "comm/DemoDevice.h"
+#include "platform/zorbus/SimulatedNorvaneSystem.h"
+#include "shell/Startup.h"
+#include "support/FakeClock.h"
+#include "support/FakeDevice.h"
+#include "support/FakeErrorLog.h"
+#include "support/FakeFileSystem.h"
+#include "support/FakeSettingsStore.h"
+#include "support/FakeWizardView.h"
+#include "support/InitFileBuilder.h"
+#include "support/ScriptedPrompts.h"
+#include "support/qt/QtTestTools.h"
+#include "ui/advanced/AdvancedForm.h"
+#include "ui/common/QtWait.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+
+#include <algorithm>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+
+namespace tarvex {
+
+/// The main window as start-up leaves it, with the shipped init file. Its controls are found by name only.
+class AdvancedFormTest : public testing::Test {
+protected:
+    AdvancedFormTest()
+    {
+        state_.programFolder = "/prog";
+        state_.programFileName = "tarvex";
+        state_.rootFolder = "/root";
+        std::ifstream shipped(TARVEX_SHARE "/Tarvex.xml", std::ios::binary);
+        files_.files["/prog/Tarvex.xml"] = {std::istreambuf_iterator<char>(shipped), {}};
+        links_["Demo"] = [this] { return std::make_shared<DemoDevice>(prompts_); };
+        UncaughtErrors::Install(&errors_, &prompts_);
+    }
+    ~AdvancedFormTest() override
+    {
+        startup_.reset();
+        UncaughtErrors::Install(nullptr, nullptr);
+        ExitState::Reset();
+        RunProgram([] {}); // after a request to end the program no loop runs until the main one has
+    }
+
+    void Start(const std::string& commandLine = {})
+    {
+        DocumentServices services{state_,       files_, errors_, packetLog_, prompts_,
+                                  preferences_, links_, {},      {},         commandLine};
+        services.wizards[WizardKind::Vexlon] = [this]() -> std::unique_ptr<IWizardView> { return MakeWizard(); };
+        const Dependencies libraries{[] { return std::string("5.0.1"); },
+                                     [] { return std::make_shared<SimulatedNorvaneSystem>(); }};
+        startup_ = std::make_unique<Startup>(services, libraries, settings_, form_);
+        startup_->Run();
+    }
+
+    /// Has the window active with the product of this name.
+    void StartWith(const QString& product)
+    {
+        Start();
+        form_.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&form_));
+        for (QAction* entry : form_.findChild<QMenu*>("Product")->actions())
+            if (entry->text() == product)
+                return entry->trigger();
+        FAIL() << "no such product";
+    }
+
+    virtual std::unique_ptr<IWizardView> MakeWizard()
+    {
+        return std::make_unique<FakeWizardView>("wizard", wizardScript_);
+    }
+
+    template <class Control> Control& Find(const char* name)
+    {
+        auto* control = form_.findChild<Control*>(name);
+        if (!control)
+            throw std::runtime_error(std::string("no control ") + name);
+        return *control;
+    }
+    QAction& Entry(const char* name) { return Find<QAction>(name); }
+    void Click(const char* button) { QTest::mouseClick(&Find<QPushButton>(button), Qt::LeftButton); }
+    void ClickRealTime()
+    {
+        auto& box = Find<QCheckBox>("CHK_RealTime");
+        QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
+    }
+    QString Status() { return Find<QLabel>("Message").text(); }
+    QString LineText(const char* name) { return Find<QLineEdit>(name).text(); }
+    bool IsShown(const char* name) { return Find<QWidget>(name).isVisible(); }
+
+    /// The rows in view, from the top.
+    std::vector<QWidget*> Rows()
+    {
+        std::vector<QWidget*> rows;
+        for (auto* child : Find<QWidget>("RegisterDisplay1").findChildren<QWidget*>())
+            if (child->objectName().startsWith("UI_RegisterItem_") && child->isVisible())
+                rows.push_back(child);
+        std::sort(rows.begin(), rows.end(), [](auto* left, auto* right) { return left->y() < right->y(); });
+        return rows;
+    }
+    static QString NameOf(const QWidget& row) { return row.findChild<QLabel*>("NameLabel")->text(); }
+    QWidget& Row(const QString& name)
+    {
+        for (QWidget* row : Rows())
+            if (NameOf(*row) == name)
+                return *row;
+        throw std::runtime_error("no row " + name.toStdString());
+    }
+    QLineEdit& Value(const QString& name) { return *Row(name).findChild<QLineEdit*>("txtInput"); }
+    QLineEdit& Bit(const QString& name, int bit)
+    {
+        return *Row(name).findChild<QLineEdit*>("Bit_" + QString::number(bit));
+    }
+    void Type(const QString& name, const char* digits)
+    {
+        QLineEdit& box = Value(name);
+        box.setFocus(Qt::TabFocusReason);
+        box.selectAll();
+        QTest::keyClicks(&box, digits);
+        EXPECT_EQ(box.text(), digits);
+    }
+
+    FakeFileSystem files_;
+    FakeErrorLog errors_;
+    FakeClock clock_;
+    PacketLog packetLog_{files_, clock_};
+    ScriptedPrompts prompts_;
+    FakeSettingsStore settings_;
+    Preferences preferences_;
+    ProgramState state_;
+    std::vector<std::string> journal_;
+    FakeWizardScript wizardScript_{journal_};
+    std::map<std::string, std::function<std::shared_ptr<IDevice>()>> links_;
+    BusyState busy_;
+    QtWait wait_{busy_};
+    AdvancedForm form_{{state_, preferences_, settings_, files_, clock_, prompts_, errors_, wait_, busy_}};
+    std::unique_ptr<Startup> startup_;
+};
+
+}
