@@ -159,6 +159,8 @@ void BoardActions::ChooseLinkForProduct(const std::string& product)
         document_.SelectCommLink(links.front());
     if (document_.device() == before)
         link_.Release();
+    if (links.size() == 1 && !document_.HasLink(links.front()) && !document_.IsDemoMode())
+        services_.statusLine.DisplayStatusMessage("The communication link " + links.front() + " is not available.");
     if (links.empty())
         services_.statusLine.DisplayStatusMessage("The init file names no communication link for " + product + ".");
     else if (links.size() > 1)

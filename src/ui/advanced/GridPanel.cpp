@@ -58,7 +58,7 @@ GridPanel::GridPanel(QWidget* parent) : QWidget(parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setVerticalSpacing(2);
     layout->addWidget(BuildHeadings(), 0, 0);
-    layout->addWidget(RegisterDisplay1, 1, 0);
+    layout->addWidget(RegisterDisplay1, 1, 0, Qt::AlignLeft);
     layout->addWidget(VScroll1, 1, 1);
     layout->setRowStretch(2, 1);
     layout->setColumnStretch(0, 1);
