@@ -32,7 +32,8 @@ XmlElement CreateDataFile(XmlDocument& document, const DataFileServices& service
 
 XmlElement AddProduct(XmlElement root, const TarvexData& initFile, const std::string& deviceName)
 {
-    const DeviceElements device = FindDevice(initFile.RootNode(), deviceName);
+    const auto tree = initFile.Tree();
+    const DeviceElements device = FindDevice(tree->Root(), deviceName);
     if (!device.component)
         RaiseRuntime(kErrInvalidCall, "TarvexData::AddProduct");
     return root.AddCopy(device.component);
@@ -70,6 +71,7 @@ void WriteValue(const ListsByAddress& lists, const RegisterObject& object)
 void SaveDataFile(const DataFileServices& services, const TarvexData& initFile, IConfigController& controller,
                   const std::string& path)
 {
+    const auto tree = initFile.Tree(); // one for all that is looked up below
     XmlDocument document;
     const XmlElement root = CreateDataFile(document, services, initFile);
     const ListsByAddress lists = IndexRegisters(AddProduct(root, initFile, controller.deviceName()));

@@ -41,28 +41,29 @@ void TarvexController::IConfigController_Init(std::shared_ptr<TarvexData> initFi
     componentNames_.clear();
 }
 
-XmlElement TarvexController::InitRoot() const
+std::shared_ptr<const XmlDocument> TarvexController::InitTree() const
 {
-    return initFile_ && initFile_->IsInitialized() ? initFile_->RootNode() : XmlElement();
+    return initFile_ && initFile_->IsInitialized() ? initFile_->Tree() : std::make_shared<const XmlDocument>();
 }
 
-XmlElement TarvexController::UsableRoot(const char* source) const
+std::shared_ptr<const XmlDocument> TarvexController::UsableTree(const char* source) const
 {
-    const XmlElement root = InitRoot();
-    if (!root)
+    auto tree = InitTree();
+    if (!tree->Root())
         Raise(kErrInvalidFile, source, "Invalid XML File " + (initFile_ ? initFile_->LastErrorText() : std::string()));
-    return root;
+    return tree;
 }
 
 std::string TarvexController::IConfigController_GetInitFileVersion()
 {
-    return std::string(InitRoot().Attribute("version"));
+    return std::string(InitTree()->Root().Attribute("version"));
 }
 
 std::vector<std::string> TarvexController::IConfigController_GetCommLinkNames(const std::string& product)
 {
     std::vector<std::string> names;
-    for (auto link = FindProduct(InitRoot(), product).Child("CommLink"); link; link = link.NextSame())
+    const auto tree = InitTree();
+    for (auto link = FindProduct(tree->Root(), product).Child("CommLink"); link; link = link.NextSame())
         if (link.ChildContent("Protocol") == kRegisterProtocol)
             names.emplace_back(link.ChildContent("Name"));
     if (names.empty())
@@ -76,11 +77,12 @@ std::vector<std::string> TarvexController::IConfigController_GetDeviceNames(cons
     static constexpr const char* kSource = "TarvexController::GetDeviceNames";
     if (!deviceNames_.empty())
         return deviceNames_;
-    auto components = ComponentNames(InitRoot());
+    const auto tree = InitTree();
+    auto components = ComponentNames(tree->Root());
     if (components.empty())
         Raise(kErrInvalidFile, kSource, "No Functional Components found in the init file");
     componentNames_ = std::move(components);
-    const auto names = DeviceNames(InitRoot(), option);
+    const auto names = DeviceNames(tree->Root(), option);
     if (names.empty())
         Raise(kErrInvalidFile, kSource, "No boards with the option " + option + " were found in the init file");
     deviceNames_ = names;
@@ -90,13 +92,13 @@ std::vector<std::string> TarvexController::IConfigController_GetDeviceNames(cons
 
 std::string TarvexController::GetComponentName(const std::string& deviceName)
 {
-    const XmlElement root = UsableRoot("TarvexController::GetComponentName");
-    return std::string(FindDevice(root, deviceName).component.ChildContent("Name"));
+    const auto tree = UsableTree("TarvexController::GetComponentName");
+    return std::string(FindDevice(tree->Root(), deviceName).component.ChildContent("Name"));
 }
 
 std::vector<std::string> TarvexController::GetComponentProductNames()
 {
-    return DeviceNames(UsableRoot("TarvexController::GetComponentProductNames"), kAllOptions);
+    return DeviceNames(UsableTree("TarvexController::GetComponentProductNames")->Root(), kAllOptions);
 }
 
 void TarvexController::IConfigController_SetProgressBar(IProgress* progress)

@@ -78,9 +78,9 @@ private:
     void IConfigController_WriteProperty(const std::shared_ptr<TarvexProperty>&) override {}
     void IConfigController_WritePropertyByName(IDevice& device, const std::string& name, std::int16_t aspi) override;
 
-    /// The root of the init file, or none while no init file is loaded.
-    XmlElement InitRoot() const;
-    XmlElement UsableRoot(const char* source) const;
+    /// The tree of the init file, or one without root while no init file is loaded.
+    std::shared_ptr<const XmlDocument> InitTree() const;
+    std::shared_ptr<const XmlDocument> UsableTree(const char* source) const;
     /// Builds the named device and puts it in place; false for an unknown name.
     bool LoadDevice(const std::string& name);
     DeviceMap ReadDataFile(const std::string& path) const;

@@ -50,6 +50,7 @@ std::string LowerVersion(const std::string& left, const std::string& right)
 
 bool TarvexController::IConfigController_InitDevice(const std::string& name)
 {
+    const auto tree = InitTree(); // those who hear of the product look further things up in it
     if (!LoadDevice(name))
         return false;
     RaiseProductChanged();
@@ -58,11 +59,13 @@ bool TarvexController::IConfigController_InitDevice(const std::string& name)
 
 bool TarvexController::LoadDevice(const std::string& name)
 {
-    const auto [component, description] = FindDevice(InitRoot(), name);
+    const auto tree = InitTree();
+    const auto [component, description] = FindDevice(tree->Root(), name);
     if (!description)
         return false;
     DeviceMap built = RegisterMapReader({initFilePath_, initFilePath_, false}).Read(component, description);
     std::swap(device_, built);
+    initFile_->ReleaseTree();
     return true;
 }
 

@@ -8,14 +8,25 @@
 #include "comm/Products.h"
 #include "config/InitFileQueries.h"
 #include "platform/xml/XmlFiles.h"
+#include "platform/xml/XmlGuard.h"
 
 #include <algorithm>
+#include <malloc.h>
 
 namespace tarvex {
 
 namespace {
 
 constexpr std::int32_t kErrInvalidFile = 1001;
+
+constexpr std::size_t kLargeFile = 1 << 20;
+
+/// A tree lies in the heap among registers made from it, so that the heap does not give its place back by itself.
+void EndLargeTree(const XmlDocument* tree)
+{
+    delete tree;
+    malloc_trim(0);
+}
 
 bool DescribesProduct(XmlElement root, std::string_view tag, std::string_view product)
 {
@@ -50,7 +61,7 @@ bool TarvexData::InitToRead(const std::string& path)
     if (wasInitialized || !files_.FileExists(path))
         return false;
     OpenXMLFile(path);
-    if (!MeetsMinimum(document_.Root())) {
+    if (!MeetsMinimum(kept_->Root())) {
         CloseFile();
         return false;
     }
@@ -67,17 +78,31 @@ const std::string& TarvexData::Path() const
 
 XmlElement TarvexData::RootNode() const
 {
-    RequireInitialized();
-    return document_.Root();
+    kept_ = Tree();
+    return kept_->Root();
 }
 
-std::string TarvexData::Version() const { return std::string(RootNode().Attribute("version")); }
+std::shared_ptr<const XmlDocument> TarvexData::Tree() const
+{
+    RequireInitialized();
+    auto tree = tree_.lock();
+    if (!tree) {
+        tree = MakeTree();
+        tree_ = tree;
+    }
+    return tree;
+}
 
-std::int32_t TarvexData::VendorID() const { return ParseHex(RootNode().ChildContent("VID"), "TarvexData::VendorID"); }
+std::string TarvexData::Version() const { return std::string(Tree()->Root().Attribute("version")); }
+
+std::int32_t TarvexData::VendorID() const
+{
+    return ParseHex(Tree()->Root().ChildContent("VID"), "TarvexData::VendorID");
+}
 
 bool TarvexData::CheckVendorID(std::int32_t vendorId) const
 {
-    if (!EqualsIgnoringCase(RootNode().ChildContent("VID"), ToHex(vendorId, 4)))
+    if (!EqualsIgnoringCase(Tree()->Root().ChildContent("VID"), ToHex(vendorId, 4)))
         Raise(kErrInvalidFile, "TarvexData::CheckVendorID",
               "Supplied vendorID parameter does not match the VID in " + path_);
     return true;
@@ -86,8 +111,7 @@ bool TarvexData::CheckVendorID(std::int32_t vendorId) const
 bool TarvexData::CheckFileVersion(const std::string& path) const
 {
     RequireInitialized();
-    XmlDocument other;
-    return MeetsMinimum(RootOf(path, other));
+    return MeetsMinimum(TreeOf(path)->Root());
 }
 
 bool TarvexData::CheckForProduct(const std::string& path, const std::string& product) const
@@ -95,15 +119,16 @@ bool TarvexData::CheckForProduct(const std::string& path, const std::string& pro
     RequireInitialized();
     if (product.empty() || !files_.FileExists(path))
         return false;
-    XmlDocument other;
-    const XmlElement root = RootOf(path, other);
+    const auto tree = TreeOf(path);
+    const XmlElement root = tree->Root();
     return root &&
            (DescribesProduct(root, "ProductDescription", product) || DescribesProduct(root, "Product", product));
 }
 
 std::vector<std::string> TarvexData::ProductNameList() const
 {
-    const auto components = FunctionalComponents(RootNode());
+    const auto tree = Tree();
+    const auto components = FunctionalComponents(tree->Root());
     if (components.empty())
         Raise(kErrInvalidFile, "TarvexData::ProductList property", "No Functional Components found in file " + path_);
     std::vector<std::string> names;
@@ -116,12 +141,13 @@ std::vector<std::string> TarvexData::ProductNameList() const
 
 std::vector<std::string> TarvexData::SupportedCommList(const std::string& product) const
 {
-    return FunctionalComponent::GetProductCommLinks(FindProduct(RootNode(), product));
+    return FunctionalComponent::GetProductCommLinks(FindProduct(Tree()->Root(), product));
 }
 
 std::shared_ptr<IProduct> TarvexData::GetProduct(std::int32_t boardId, std::int32_t) const
 {
-    const auto ids = RootNode().Descendants("BoardID");
+    const auto tree = Tree();
+    const auto ids = tree->Root().Descendants("BoardID");
     const auto found =
         std::find_if(ids.begin(), ids.end(), [boardId](XmlElement id) { return TryParseHex(id.Content()) == boardId; });
     if (found == ids.end())
@@ -136,7 +162,10 @@ std::shared_ptr<IProduct> TarvexData::GetProduct(std::int32_t boardId, std::int3
 
 void TarvexData::CloseFile()
 {
-    document_ = XmlDocument();
+    kept_.reset();
+    tree_.reset();
+    text_ = std::string();
+    lastError_.clear();
     initialized_ = false;
 }
 
@@ -153,15 +182,39 @@ bool TarvexData::MeetsMinimum(XmlElement root) const
 
 void TarvexData::OpenXMLFile(const std::string& path)
 {
-    if (!LoadXmlFile(files_, path, document_))
-        Raise(403, "TarvexData::OpenXMLFile", "Failed to open " + path + "-" + document_.LastErrorText());
+    try {
+        text_ = files_.ReadWholeFile(path, kXmlMaxBytes);
+        const auto tree = MakeTree();
+        lastError_ = tree->LastErrorText();
+        kept_ = tree;
+        tree_ = tree;
+    } catch (const Error& error) {
+        lastError_ = error.Description();
+    }
+    if (lastError_.empty())
+        return;
+    const std::string reason = std::move(lastError_);
+    CloseFile();
+    lastError_ = reason;
+    Raise(403, "TarvexData::OpenXMLFile", "Failed to open " + path + "-" + lastError_);
 }
 
-XmlElement TarvexData::RootOf(const std::string& path, XmlDocument& other) const
+std::shared_ptr<XmlDocument> TarvexData::MakeTree() const
+{
+    auto made = std::make_unique<XmlDocument>();
+    made->LoadText(text_);
+    if (text_.size() < kLargeFile)
+        return made;
+    return {made.release(), EndLargeTree};
+}
+
+std::shared_ptr<const XmlDocument> TarvexData::TreeOf(const std::string& path) const
 {
     if (path == path_)
-        return document_.Root();
-    return LoadXmlFile(files_, path, other) ? other.Root() : XmlElement();
+        return Tree();
+    auto other = std::make_shared<XmlDocument>();
+    LoadXmlFile(files_, path, *other);
+    return other;
 }
 
 }

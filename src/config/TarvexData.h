@@ -13,8 +13,9 @@
 namespace tarvex {
 
 /// The XML model of one init or data file. It goes from uninitialised through InitToRead to initialised, and back
-/// through CloseFile. Every operation but InitToRead, IsInitialized and LastErrorText raises 1000 while it is not
-/// initialised.
+/// through CloseFile. Every operation but InitToRead, IsInitialized, LastErrorText and ReleaseTree raises 1000 while it
+/// is not initialised. It keeps the text of the file and makes the tree, several times as large, only while somebody
+/// needs it.
 class TarvexData {
 public:
     TarvexData(const ProgramState& state, IFileSystem& files);
@@ -24,9 +25,14 @@ public:
     bool InitToRead(const std::string& path);
     bool IsInitialized() const { return initialized_; }
     /// Why the last file could not be loaded; empty when it could.
-    const std::string& LastErrorText() const { return document_.LastErrorText(); }
+    const std::string& LastErrorText() const { return lastError_; }
     const std::string& Path() const;
+    /// The tree of the file, the same one for all who hold it at a time; it ends with the last of them.
+    std::shared_ptr<const XmlDocument> Tree() const;
+    /// The root element; valid until ReleaseTree or CloseFile.
     XmlElement RootNode() const;
+    /// Lets go of the tree, which is kept from InitToRead on for the operations of a start, and from RootNode on.
+    void ReleaseTree() { kept_.reset(); }
     std::string Version() const;
     std::int32_t VendorID() const;
     /// True when the file is of this vendor; raises 1001 otherwise.
@@ -48,13 +54,17 @@ private:
     void RequireInitialized() const;
     bool MeetsMinimum(XmlElement root) const;
     void OpenXMLFile(const std::string& path);
-    /// The root of a file: of the one in use, or of one loaded into `other`; none when that fails.
-    XmlElement RootOf(const std::string& path, XmlDocument& other) const;
+    std::shared_ptr<XmlDocument> MakeTree() const;
+    /// The tree of a file, of the one in use or of another; one without root when that cannot be loaded.
+    std::shared_ptr<const XmlDocument> TreeOf(const std::string& path) const;
 
     const ProgramState& state_;
     IFileSystem& files_;
     std::string path_;
-    XmlDocument document_;
+    std::string text_; ///< kept, since a running program does not depend on its file staying where it was
+    std::string lastError_;
+    mutable std::shared_ptr<const XmlDocument> kept_;
+    mutable std::weak_ptr<const XmlDocument> tree_;
     bool initialized_ = false;
 };
 

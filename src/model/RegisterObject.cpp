@@ -84,7 +84,7 @@ void RegisterObject::Init(std::int32_t baseAddress, std::int32_t address, std::i
     description_ = std::move(description);
     bits_ = 0;
     flags_.assign(static_cast<std::size_t>(bitCount), 0);
-    bitDescriptions_.clear();
+    bitDescriptions_ = {};
     dirty_ = false;
 }
 
@@ -167,34 +167,18 @@ std::int16_t RegisterObject::GetBitFlags(std::int16_t bit) const
 void RegisterObject::SetBitDescription(std::int16_t bit, std::string_view text)
 {
     CheckIndex(bit, "RegisterObject::SetBitDescription", "Bit");
-    if (bitDescriptions_.empty() && text.empty())
-        return;
-    if (bitDescriptions_.empty())
-        bitDescriptions_.assign(flags_.size(), '\0');
-    const auto [begin, length] = DescriptionRange(bit);
-    bitDescriptions_.replace(begin, length, text.substr(0, text.find('\0')));
+    bitDescriptions_.Set(static_cast<std::size_t>(bit), text);
 }
 
 void RegisterObject::DescribeBits(std::span<const std::string_view> texts)
 {
-    std::string packed;
-    for (std::size_t i = 0; i < flags_.size(); ++i) {
-        if (i < texts.size())
-            packed.append(texts[i].substr(0, texts[i].find('\0')));
-        packed.push_back('\0');
-    }
-    bitDescriptions_.clear();
-    if (packed.size() > flags_.size())
-        bitDescriptions_ = std::move(packed);
+    bitDescriptions_.Assign(texts.first(std::min(texts.size(), flags_.size())));
 }
 
 std::string RegisterObject::GetBitDescription(std::int16_t bit) const
 {
     CheckIndex(bit, "RegisterObject::GetBitDescription", "Bit");
-    if (bitDescriptions_.empty())
-        return {};
-    const auto [begin, length] = DescriptionRange(bit);
-    return bitDescriptions_.substr(begin, length);
+    return std::string(bitDescriptions_.Get(static_cast<std::size_t>(bit)));
 }
 
 void RegisterObject::AddDependency(std::shared_ptr<RegisterObject> other)
@@ -208,14 +192,6 @@ void RegisterObject::CheckIndex(std::int16_t bit, const char* source, const char
 {
     if (bit < 0 || bit >= MaxBits())
         Raise(kErrRegister, source, std::string(what) + " index, " + std::to_string(bit) + ", out of range");
-}
-
-std::pair<std::size_t, std::size_t> RegisterObject::DescriptionRange(std::int16_t bit) const
-{
-    std::size_t begin = 0;
-    for (int i = 0; i < bit; ++i)
-        begin = bitDescriptions_.find('\0', begin) + 1;
-    return {begin, bitDescriptions_.find('\0', begin) - begin};
 }
 
 }

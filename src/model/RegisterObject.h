@@ -2,6 +2,7 @@
 
 #include "base/Types.h"
 #include "comm/api/IDevice.h"
+#include "model/PackedTexts.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -9,7 +10,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace tarvex {
@@ -88,7 +88,6 @@ private:
     void ReadAlone(IDevice& device, std::int16_t aspi);
     void WriteAlone(IDevice& device, std::int16_t aspi);
     void CheckIndex(std::int16_t bit, const char* source, const char* what) const;
-    std::pair<std::size_t, std::size_t> DescriptionRange(std::int16_t bit) const;
 
     std::int32_t baseAddress_ = 0;
     std::int32_t address_ = 0;
@@ -99,7 +98,7 @@ private:
     std::string name_;
     std::string description_;
     std::vector<std::int16_t> flags_; ///< one for each bit of the register's width
-    std::string bitDescriptions_;     ///< empty, or each bit's text with a zero behind it: a device has many registers
+    PackedTexts bitDescriptions_;
     std::vector<std::shared_ptr<RegisterObject>> dependencies_;
 };
 

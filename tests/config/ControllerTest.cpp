@@ -47,6 +47,18 @@ TEST_F(ControllerTest, ListsDevicesOnceUntilTheNextInit)
     EXPECT_EQ(raised.size(), 2U);
 }
 
+TEST_F(ControllerTest, HoldsTheTreeOfTheInitFileOnlyUntilTheDeviceIsThere)
+{
+    Use(InitFileBuilder().Text());
+    const std::weak_ptr<const XmlDocument> tree = initFile->Tree();
+    bool isThere = false;
+    const auto subscription = controller.CurrentProductChanged.Subscribe(
+        [&](std::int32_t, std::int32_t, const std::string&) { isThere = !tree.expired(); });
+    ASSERT_TRUE(controller.InitDevice("Board"));
+    EXPECT_TRUE(isThere) << "for those who hear of the product";
+    EXPECT_TRUE(tree.expired());
+}
+
 TEST_F(ControllerTest, KnowsLinksAndComponents)
 {
     Use(TwoFamilies());

@@ -81,6 +81,24 @@ TEST_F(TarvexDataTest, AnswersForOtherFilesWithoutTouchingItsOwn)
     EXPECT_EQ(data.Path(), "/f.xml");
 }
 
+TEST_F(TarvexDataTest, AnswersWithoutTreeAndWithoutFile)
+{
+    ASSERT_TRUE(Open(InitFileBuilder().Text()));
+    std::weak_ptr<const XmlDocument> tree = data.Tree();
+    EXPECT_FALSE(tree.expired()) << "a start reads the file once";
+    data.ReleaseTree();
+    EXPECT_TRUE(tree.expired());
+    files.files.clear();
+    EXPECT_EQ(data.ProductNameList(), std::vector<std::string>{"Board"});
+    {
+        const auto held = data.Tree();
+        EXPECT_EQ(data.Tree(), held) << "one for all who hold it";
+        tree = held;
+    }
+    EXPECT_TRUE(tree.expired());
+    EXPECT_EQ(data.RootNode().Attribute("version"), "2.5.0");
+}
+
 TEST_F(TarvexDataTest, MakesTheProductOfABoard)
 {
     InitFileBuilder file;

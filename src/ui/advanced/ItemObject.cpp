@@ -18,7 +18,7 @@ void ItemObject::Init(std::int16_t index, std::string name, std::string group, s
     rowType_ = rowType;
     nameToolTip_.clear();
     groupToolTip_.clear();
-    prompts_.clear();
+    prompts_ = {};
     restrictions_.fill(0);
 }
 
@@ -47,7 +47,7 @@ std::int16_t ItemObject::BitCount() const
 void ItemObject::SetTooWide()
 {
     maximum_ = std::numeric_limits<std::int32_t>::max();
-    prompts_.clear();
+    prompts_ = {};
 }
 
 void ItemObject::NameToolTip(const std::string& text)
@@ -74,18 +74,14 @@ std::int16_t ItemObject::GetRestrictedBit(std::int16_t bit) const
 void ItemObject::SetBitPrompt(std::int16_t bit, const std::string& text)
 {
     CheckBit(bit, "ItemObject::SetBitPrompt");
-    if (prompts_.empty() && !text.empty())
-        prompts_.resize(static_cast<std::size_t>(BitCount()));
-    if (!prompts_.empty())
-        prompts_[static_cast<std::size_t>(bit)] = text;
+    prompts_.Set(static_cast<std::size_t>(bit), text);
     events_->BitPromptChanged.Raise(bit, text, index_);
 }
 
-const std::string& ItemObject::GetBitPrompt(std::int16_t bit) const
+std::string ItemObject::GetBitPrompt(std::int16_t bit) const
 {
-    static const std::string kNone;
     CheckBit(bit, "ItemObject::GetBitPrompt");
-    return prompts_.empty() ? kNone : prompts_[static_cast<std::size_t>(bit)];
+    return std::string(prompts_.Get(static_cast<std::size_t>(bit)));
 }
 
 void ItemObject::CheckBit(std::int16_t bit, const char* source) const

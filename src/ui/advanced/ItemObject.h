@@ -1,12 +1,12 @@
 #pragma once
 
 #include "base/Event.h"
+#include "model/PackedTexts.h"
 
 #include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace tarvex {
 
@@ -67,7 +67,7 @@ public:
     /// Raises 9 for a bit outside the item's bits, as do the next two.
     std::int16_t GetRestrictedBit(std::int16_t bit) const;
     void SetBitPrompt(std::int16_t bit, const std::string& text);
-    const std::string& GetBitPrompt(std::int16_t bit) const;
+    std::string GetBitPrompt(std::int16_t bit) const;
 
 private:
     static constexpr std::int32_t kMaxRowValue = 255;
@@ -79,7 +79,7 @@ private:
     std::string nameToolTip_;
     std::string groupToolTip_;
     std::string_view rowType_;
-    std::vector<std::string> prompts_; // empty until the first prompt is set: most bits have none
+    PackedTexts prompts_;
     std::array<std::int16_t, kMaxBits> restrictions_{};
     std::int32_t value_ = 0;
     std::int32_t maximum_ = kMaxRowValue;
