@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/Error.h"
 #include "config/IProgress.h"
 #include "config/TarvexController.h"
 #include "config/TarvexData.h"
@@ -14,7 +13,6 @@
 
 #include <gtest/gtest.h>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,17 +32,6 @@ private:
     void IProgress_TickProgress(std::int32_t steps) override { notes.push_back("tick " + std::to_string(steps)); }
     void IProgress_Show(bool) override { notes.push_back("show"); }
 };
-
-/// The error that an action raises, or none.
-template <class Action> std::optional<Error> ErrorOf(Action action)
-{
-    try {
-        action();
-    } catch (const Error& error) {
-        return error;
-    }
-    return std::nullopt;
-}
 
 /// A controller on files in memory.
 class ControllerTest : public testing::Test {

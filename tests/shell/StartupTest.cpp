@@ -47,7 +47,6 @@ TEST_F(StartupTest, TakesItsStepsInOrder)
     EXPECT_EQ(state_.libraryVersionText + state_.firmwareVersionText + state_.g_minInitVersion, "2.4.0");
     EXPECT_EQ(preferences_.serial.text, "");
     EXPECT_EQ(preferences_.serial.comPort, 4);
-    EXPECT_EQ(preferences_.serial.kind, kSerialPortKind);
 }
 
 TEST_F(StartupTest, EndsBeforeAnythingElseWhenALibraryIsTooOld)
