@@ -57,6 +57,7 @@ void BoardActions::SelectLink(const std::string& link)
 {
     const UserAction action(*this);
     const auto before = document_.device();
+    const bool stood = link_.IsConnected();
     document_.SelectCommLink(link);
     const bool replaced = document_.device() != before;
     if (!link_.Device() || (!replaced && link_.DeviceType() != link))
@@ -66,7 +67,7 @@ void BoardActions::SelectLink(const std::string& link)
     else if (!link_.IsConnected() && (replaced || !link_.Connect())) // a new link was tried when it came
         Connecting();
     else
-        readWanted_ = true;
+        readWanted_ = replaced || !stood; // the link in use, chosen again, overwrites no edits
     ShowLinks();
     FinishAction();
 }
