@@ -75,7 +75,7 @@ TEST_F(RegisterTransferTest, ARegisterFailsWithWhatDependsOnIt)
     Expect(transfer_.Write({registers_[0]}), 0, 1);
     EXPECT_TRUE(registers_[0]->IsDirty());
     EXPECT_TRUE(registers_[1]->IsDirty()); // its value may not have arrived
-    registers_[0]->ClearDependencies(); // or the circle keeps itself alive
+    registers_[0]->ClearDependencies();    // or the circle keeps itself alive
 }
 
 }
