@@ -82,7 +82,7 @@ std::vector<std::string> TarvexController::IConfigController_GetDeviceNames(cons
     if (components.empty())
         Raise(kErrInvalidFile, kSource, "No Functional Components found in the init file");
     componentNames_ = std::move(components);
-    const auto names = DeviceNames(tree->Root(), option);
+    auto names = DeviceNames(tree->Root(), option);
     if (names.empty())
         Raise(kErrInvalidFile, kSource, "No boards with the option " + option + " were found in the init file");
     deviceNames_ = names;

@@ -89,13 +89,12 @@ bool TarvexController::IConfigController_ConnectDevice(const std::string& path, 
         device.Disconnect();
         return false;
     }
-    InitConnected(*match);
+    InitConnected(std::string(*match)); // a handler may have the list of names read anew
     return true;
 }
 
-void TarvexController::InitConnected(const std::string& matched)
+void TarvexController::InitConnected(const std::string& name)
 {
-    const std::string name = matched; // a handler may have the list of names read anew
     bool loaded = false;
     try {
         loaded = LoadDevice(name);
@@ -119,8 +118,7 @@ bool TarvexController::IConfigController_InitDeviceFromFile(const std::string& p
     }
     // The file is in use from here on; what goes wrong in a view is that view's error and reaches the caller.
     const std::string name = device_.deviceName;
-    const std::string file = path;
-    DataFileOpened.Raise(name, file);
+    DataFileOpened.Raise(name, std::string(path)); // the caller's text may change with a handler
     return true;
 }
 

@@ -13,7 +13,12 @@ namespace {
 
 // What a byte may be. The pieces of an init file are short: one look into a table for each byte takes half the time
 // that searches from piece to piece take.
-enum Kind : std::uint8_t { kBlank = 1, kNameStart = 2, kNameLetter = 4, kEndsText = 8, kEndsValue = 16 };
+using Kind = std::uint8_t;
+constexpr Kind kBlank = 1;
+constexpr Kind kNameStart = 2;
+constexpr Kind kNameLetter = 4;
+constexpr Kind kEndsText = 8;
+constexpr Kind kEndsValue = 16;
 
 constexpr std::array<std::uint8_t, 256> KindsOfBytes()
 {
