@@ -10,10 +10,10 @@ namespace tarvex {
 RegisterMap& RegisterMap::operator=(RegisterMap&& other) noexcept
 {
     registers.swap(other.registers);
-    registerPositions.swap(other.registerPositions);
+    registerNames.Swap(other.registerNames);
     groups.swap(other.groups);
     properties.swap(other.properties);
-    propertyPositions.swap(other.propertyPositions);
+    propertyNames.Swap(other.propertyNames);
     return *this;
 }
 
@@ -26,12 +26,12 @@ RegisterMap::~RegisterMap()
 void RegisterMap::Reserve(std::size_t more)
 {
     registers.reserve(registers.size() + more);
-    registerPositions.reserve(registers.size() + more);
+    registerNames.Reserve(registers, registers.size() + more);
 }
 
 bool RegisterMap::AddRegister(std::shared_ptr<RegisterObject> added)
 {
-    if (!registerPositions.emplace(added->Name(), registers.size()).second)
+    if (!registerNames.Add(registers, added->Name()))
         return false;
     registers.push_back(std::move(added));
     return true;
@@ -39,20 +39,20 @@ bool RegisterMap::AddRegister(std::shared_ptr<RegisterObject> added)
 
 void RegisterMap::AddProperty(std::shared_ptr<TarvexProperty> added)
 {
-    propertyPositions.emplace(added->Name(), properties.size());
+    propertyNames.Add(properties, added->Name());
     properties.push_back(std::move(added));
 }
 
 std::shared_ptr<RegisterObject> RegisterMap::FindRegister(std::string_view name) const
 {
-    const auto found = registerPositions.find(name);
-    return found == registerPositions.end() ? nullptr : registers[found->second];
+    const std::size_t position = registerNames.Find(registers, name);
+    return position == registerNames.kNone ? nullptr : registers[position];
 }
 
 std::shared_ptr<TarvexProperty> RegisterMap::FindProperty(std::string_view name) const
 {
-    const auto found = propertyPositions.find(name);
-    return found == propertyPositions.end() ? nullptr : properties[found->second];
+    const std::size_t position = propertyNames.Find(properties, name);
+    return position == propertyNames.kNone ? nullptr : properties[position];
 }
 
 }

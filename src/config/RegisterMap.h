@@ -1,11 +1,12 @@
 #pragma once
 
+#include "config/NameIndex.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace tarvex {
@@ -17,11 +18,14 @@ class TarvexProperty;
 /// What one device consists of, in file order and by name: built aside, and put in place of the running map only when
 /// it is whole. Views share its registers and may outlive it; the registers' dependencies end with it.
 struct RegisterMap {
-    std::vector<std::shared_ptr<RegisterObject>> registers;
-    std::unordered_map<std::string_view, std::size_t> registerPositions; ///< the names are the registers' own
+    using Registers = std::vector<std::shared_ptr<RegisterObject>>;
+    using Properties = std::vector<std::shared_ptr<TarvexProperty>>;
+
+    Registers registers;
+    NameIndex<Registers> registerNames;
     std::vector<std::shared_ptr<TarvexGroup>> groups;
-    std::vector<std::shared_ptr<TarvexProperty>> properties;
-    std::unordered_map<std::string_view, std::size_t> propertyPositions;
+    Properties properties;
+    NameIndex<Properties> propertyNames;
 
     RegisterMap() = default;
     RegisterMap(RegisterMap&&) = default;

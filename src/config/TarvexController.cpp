@@ -119,9 +119,9 @@ std::shared_ptr<RegisterObject> TarvexController::IConfigController_GetI2CRegist
 
 std::int16_t TarvexController::IConfigController_GetI2CRegisterIndex(const std::string& name)
 {
-    const auto& positions = device_.map.registerPositions;
-    const auto found = positions.find(name);
-    return found == positions.end() ? std::int16_t{-1} : static_cast<std::int16_t>(found->second);
+    const auto& names = device_.map.registerNames;
+    const std::size_t position = names.Find(device_.map.registers, name);
+    return position == names.kNone ? std::int16_t{-1} : static_cast<std::int16_t>(position);
 }
 
 std::shared_ptr<RegisterObject> TarvexController::IConfigController_GetI2CRegisterByName(const std::string& name)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string>
@@ -26,16 +27,18 @@ public:
     void Set(std::size_t place, std::string_view text)
     {
         text = text.substr(0, text.find('\0'));
-        std::size_t begin = BeginOf(place);
-        if (begin == std::string::npos && text.empty())
+        if (text == Get(place))
             return;
-        while (begin == std::string::npos) {
+        while (BeginOf(place) == std::string::npos)
             packed_.push_back('\0');
-            begin = BeginOf(place);
-        }
-        if (begin == packed_.size())
-            packed_.push_back('\0');
-        packed_.replace(begin, packed_.find('\0', begin) - begin, text);
+        const std::size_t begin = BeginOf(place);
+        const std::size_t end = std::min(packed_.find('\0', begin), packed_.size());
+        const std::size_t behind = std::min(end + 1, packed_.size());
+        std::string next; // of exactly the size it needs, which a string that grows is not
+        next.reserve(begin + text.size() + 1 + packed_.size() - behind);
+        next.append(packed_, 0, begin).append(text).push_back('\0');
+        next.append(packed_, behind);
+        packed_ = std::move(next);
     }
 
     /// Empty for a place that was never set; valid until a text changes.

@@ -11,7 +11,6 @@ namespace tarvex {
 namespace {
 
 constexpr int kByteBits = 8;
-constexpr std::int16_t kMostBits = 31;
 constexpr int kErrRegister = 10;
 
 }
@@ -70,8 +69,6 @@ private:
     std::vector<Step> steps_;
 };
 
-RegisterObject::RegisterObject() : flags_(kByteBits) {}
-
 void RegisterObject::Init(std::int32_t baseAddress, std::int32_t address, std::int16_t reference, std::int16_t bitCount,
                           std::string name, std::string description)
 {
@@ -83,7 +80,8 @@ void RegisterObject::Init(std::int32_t baseAddress, std::int32_t address, std::i
     name_ = std::move(name);
     description_ = std::move(description);
     bits_ = 0;
-    flags_.assign(static_cast<std::size_t>(bitCount), 0);
+    bitCount_ = static_cast<std::uint8_t>(bitCount);
+    flags_.fill(0);
     bitDescriptions_ = {};
     dirty_ = false;
 }
@@ -136,13 +134,20 @@ void RegisterObject::ChangeBitFlags(std::int16_t bit, std::int16_t set, std::int
 {
     if (bit >= MaxBits())
         CheckIndex(bit, "RegisterObject::SetFlags", "Flag");
-    std::int16_t& flags = CheckedAt(flags_, bit, "RegisterObject::ChangeBitFlags");
-    flags = static_cast<std::int16_t>((flags | set) & ~clear);
+    std::uint8_t& flags = FlagsAt(bit, "RegisterObject::ChangeBitFlags");
+    flags = static_cast<std::uint8_t>((flags | set) & ~clear);
 }
 
 void RegisterObject::SetBitFlags(std::int16_t bit, std::int16_t flags)
 {
-    CheckedAt(flags_, bit, "RegisterObject::SetBitFlags") = flags;
+    FlagsAt(bit, "RegisterObject::SetBitFlags") = static_cast<std::uint8_t>(flags);
+}
+
+std::uint8_t& RegisterObject::FlagsAt(std::int16_t bit, const char* source)
+{
+    if (bit < 0 || bit >= MaxBits())
+        RaiseRuntime(kErrSubscript, source);
+    return flags_[static_cast<std::size_t>(bit)];
 }
 
 void RegisterObject::SetBit(std::int16_t bit, bool set)
@@ -172,7 +177,7 @@ void RegisterObject::SetBitDescription(std::int16_t bit, std::string_view text)
 
 void RegisterObject::DescribeBits(std::span<const std::string_view> texts)
 {
-    bitDescriptions_.Assign(texts.first(std::min(texts.size(), flags_.size())));
+    bitDescriptions_.Assign(texts.first(std::min<std::size_t>(texts.size(), bitCount_)));
 }
 
 std::string RegisterObject::GetBitDescription(std::int16_t bit) const

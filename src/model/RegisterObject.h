@@ -4,6 +4,7 @@
 #include "comm/api/IDevice.h"
 #include "model/PackedTexts.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -25,7 +26,7 @@ constexpr bool HasFlag(std::int16_t flags, AccessFlag flag) { return (flags & st
 class RegisterObject {
 public:
     /// An 8-bit register with all bits clear.
-    RegisterObject();
+    RegisterObject() = default;
 
     /// Sets address, width (a multiple of 8 up to 24) and texts, clears bits, flags and bit descriptions; the
     /// dependencies stay. Raises 12 for a width whose values do not fit a signed 32-bit number, and for none.
@@ -38,8 +39,8 @@ public:
     std::int32_t Address() const { return address_; }
     /// Position in its register list of the init file.
     std::int16_t Reference() const { return reference_; }
-    std::int16_t MaxBits() const { return static_cast<std::int16_t>(flags_.size()); }
-    std::int32_t MaxValue() const { return static_cast<std::int32_t>((std::uint32_t{1} << flags_.size()) - 1); }
+    std::int16_t MaxBits() const { return bitCount_; }
+    std::int32_t MaxValue() const { return static_cast<std::int32_t>((std::uint32_t{1} << bitCount_) - 1); }
     std::int32_t MinValue() const { return 0; }
 
     /// True when the value was changed since the last transfer.
@@ -83,7 +84,9 @@ public:
 
 private:
     class Transfer;
+    static constexpr std::int16_t kMostBits = 31;
 
+    std::uint8_t& FlagsAt(std::int16_t bit, const char* source);
     std::int16_t ByteCount() const { return static_cast<std::int16_t>((MaxBits() + 7) / 8); }
     void ReadAlone(IDevice& device, std::int16_t aspi);
     void WriteAlone(IDevice& device, std::int16_t aspi);
@@ -97,7 +100,8 @@ private:
     bool transferring_ = false;
     std::string name_;
     std::string description_;
-    std::vector<std::int16_t> flags_; ///< one for each bit of the register's width
+    std::array<std::uint8_t, kMostBits> flags_{}; ///< of each bit: every access flag fits eight bits
+    std::uint8_t bitCount_ = 8;
     PackedTexts bitDescriptions_;
     std::vector<std::shared_ptr<RegisterObject>> dependencies_;
 };

@@ -2,12 +2,13 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
-#include <vector>
 
 namespace tarvex {
 
-/// The registers and settings of one register list, by name. A plain record that the controller fills.
+/// One register list: what it is called and how many registers and settings it has. A plain record that the controller
+/// fills.
 class TarvexGroup {
 public:
     const std::string& Name() const { return name_; }
@@ -15,16 +16,17 @@ public:
     const std::string& ID() const { return id_; }
     void ID(std::string text) { id_ = std::move(text); }
 
-    std::int16_t RegCount() const { return static_cast<std::int16_t>(registerNames_.size()); }
-    std::int16_t PropCount() const { return static_cast<std::int16_t>(propertyNames_.size()); }
-    void AddRegister(std::string name) { registerNames_.push_back(std::move(name)); }
-    void AddProperty(std::string name) { propertyNames_.push_back(std::move(name)); }
+    std::int16_t RegCount() const { return registers_; }
+    std::int16_t PropCount() const { return properties_; }
+    /// The names are the map's; nobody asks a list for them.
+    void AddRegister(std::string_view) { ++registers_; }
+    void AddProperty(std::string_view) { ++properties_; }
 
 private:
     std::string name_;
     std::string id_;
-    std::vector<std::string> registerNames_;
-    std::vector<std::string> propertyNames_;
+    std::int16_t registers_ = 0;
+    std::int16_t properties_ = 0;
 };
 
 }

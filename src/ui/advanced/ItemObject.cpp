@@ -16,9 +16,7 @@ void ItemObject::Init(std::int16_t index, std::string name, std::string group, s
     maximum_ = maximum;
     minimum_ = minimum;
     rowType_ = rowType;
-    nameToolTip_.clear();
-    groupToolTip_.clear();
-    prompts_ = {};
+    texts_ = {};
     restrictions_.fill(0);
 }
 
@@ -47,13 +45,14 @@ std::int16_t ItemObject::BitCount() const
 void ItemObject::SetTooWide()
 {
     maximum_ = std::numeric_limits<std::int32_t>::max();
-    prompts_ = {};
+    for (std::size_t bit = 0; bit < kMaxBits; ++bit)
+        texts_.Set(kFirstPrompt + bit, {});
 }
 
 void ItemObject::NameToolTip(const std::string& text)
 {
-    nameToolTip_ = text;
-    events_->NameTipChanged.Raise(index_, nameToolTip_);
+    texts_.Set(kNameTip, text);
+    events_->NameTipChanged.Raise(index_, text);
 }
 
 void ItemObject::SetRestrictedBit(std::int16_t bit, std::int16_t flags)
@@ -61,7 +60,7 @@ void ItemObject::SetRestrictedBit(std::int16_t bit, std::int16_t flags)
     if (bit < 0 || bit >= BitCount())
         Raise(ObjectError(1), "ItemObject::SetRestrictedBit",
               "Bit index of " + std::to_string(bit) + " out of range: 0 to " + std::to_string(BitCount()));
-    restrictions_[static_cast<std::size_t>(bit)] = flags;
+    restrictions_[static_cast<std::size_t>(bit)] = static_cast<std::uint8_t>(flags);
     events_->BitRestrictionChanged.Raise(bit, flags, index_);
 }
 
@@ -74,14 +73,14 @@ std::int16_t ItemObject::GetRestrictedBit(std::int16_t bit) const
 void ItemObject::SetBitPrompt(std::int16_t bit, const std::string& text)
 {
     CheckBit(bit, "ItemObject::SetBitPrompt");
-    prompts_.Set(static_cast<std::size_t>(bit), text);
+    texts_.Set(kFirstPrompt + static_cast<std::size_t>(bit), text);
     events_->BitPromptChanged.Raise(bit, text, index_);
 }
 
 std::string ItemObject::GetBitPrompt(std::int16_t bit) const
 {
     CheckBit(bit, "ItemObject::GetBitPrompt");
-    return std::string(prompts_.Get(static_cast<std::size_t>(bit)));
+    return std::string(texts_.Get(kFirstPrompt + static_cast<std::size_t>(bit)));
 }
 
 void ItemObject::CheckBit(std::int16_t bit, const char* source) const

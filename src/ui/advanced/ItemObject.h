@@ -57,10 +57,10 @@ public:
     /// Lets the item hold a value of any width.
     void SetTooWide();
 
-    const std::string& NameToolTip() const { return nameToolTip_; }
+    std::string NameToolTip() const { return std::string(texts_.Get(kNameTip)); }
     void NameToolTip(const std::string& text);
-    const std::string& GroupToolTip() const { return groupToolTip_; }
-    void GroupToolTip(const std::string& text) { groupToolTip_ = text; }
+    std::string GroupToolTip() const { return std::string(texts_.Get(kGroupTip)); }
+    void GroupToolTip(const std::string& text) { texts_.Set(kGroupTip, text); }
 
     /// Raises 0x80040001 for a bit outside the item's bits.
     void SetRestrictedBit(std::int16_t bit, std::int16_t flags);
@@ -71,16 +71,18 @@ public:
 
 private:
     static constexpr std::int32_t kMaxRowValue = 255;
+    static constexpr std::size_t kNameTip = 0;
+    static constexpr std::size_t kGroupTip = 1;
+    static constexpr std::size_t kFirstPrompt = 2;
+
     void CheckBit(std::int16_t bit, const char* source) const;
 
     ItemEvents* events_;
     std::string name_;
     std::string group_;
-    std::string nameToolTip_;
-    std::string groupToolTip_;
     std::string_view rowType_;
-    PackedTexts prompts_;
-    std::array<std::int16_t, kMaxBits> restrictions_{};
+    PackedTexts texts_;                                 ///< the tool tips and the prompt of each bit
+    std::array<std::uint8_t, kMaxBits> restrictions_{}; ///< every access flag fits eight bits
     std::int32_t value_ = 0;
     std::int32_t maximum_ = kMaxRowValue;
     std::int32_t minimum_ = 0;
