@@ -11,7 +11,9 @@
 #include "platform/xml/XmlGuard.h"
 
 #include <algorithm>
+#if defined(__GLIBC__)
 #include <malloc.h>
+#endif
 
 namespace tarvex {
 
@@ -25,7 +27,9 @@ constexpr std::size_t kLargeFile = 1 << 20;
 void EndLargeTree(const XmlDocument* tree)
 {
     delete tree;
+#if defined(__GLIBC__)
     malloc_trim(0);
+#endif
 }
 
 bool DescribesProduct(XmlElement root, std::string_view tag, std::string_view product)
