@@ -2,16 +2,19 @@
 
 #include "base/Text.h"
 #include "comm/DemoDevice.h"
+#include "comm/HIDDevice.h"
 #include "main/ExitSignals.h"
 #include "main/ProgramPaths.h"
 #include "platform/SystemClock.h"
 #include "platform/files/PosixFileSystem.h"
+#include "platform/hid/HidServices.h"
 #include "platform/xml/XmlDocument.h"
 #include "platform/zorbus/SimulatedNorvaneSystem.h"
 #include "shell/ErrorLog.h"
 #include "shell/InitFileSearch.h"
 #include "shell/Startup.h"
 #include "ui/advanced/AdvancedForm.h"
+#include "ui/common/DeviceChanges.h"
 #include "ui/common/Guarded.h"
 #include "ui/common/QtWait.h"
 #include "ui/common/SettingsStore.h"
@@ -36,8 +39,9 @@ public:
     explicit Application(const std::string& commandLine)
         : state_(StateOfThisProcess()), errorLog_(files_, "TarvexError.log"), packetLog_(files_, clock_), wait_(busy_),
           prompts_(files_.FindOwnFile(state_.programFolder + "/" + kHelpFileName)),
-          settings_(SettingsStore::DefaultPath(state_.programFileName)),
-          mainWindow_({state_, preferences_, settings_, files_, clock_, prompts_, errorLog_, wait_, busy_}),
+          hidServices_(wait_), settings_(SettingsStore::DefaultPath(state_.programFileName)),
+          mainWindow_({state_, preferences_, settings_, files_, clock_, prompts_, errorLog_, wait_, busy_,
+                       deviceChanges_}),
           startup_(Services(commandLine), Libraries(), settings_, mainWindow_), signals_(busy_)
     {
         UncaughtErrors::Install(&errorLog_, &prompts_);
@@ -74,6 +78,9 @@ private:
         DocumentServices services{state_,       files_, errorLog_, packetLog_, prompts_,
                                   preferences_, {},     {},        {},         commandLine};
         services.links["Demo"] = [this] { return std::make_shared<DemoDevice>(prompts_); };
+        services.links[kHidDeviceType] = [this] {
+            return std::make_shared<HIDDevice>(hidServices_, packetLog_, prompts_);
+        };
         return services;
     }
 
@@ -91,6 +98,8 @@ private:
     BusyState busy_;
     QtWait wait_;
     UserPrompts prompts_;
+    HidServices hidServices_;
+    DeviceChanges deviceChanges_;
     SettingsStore settings_;
     AdvancedForm mainWindow_;
     Startup startup_;

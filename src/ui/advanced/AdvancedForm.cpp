@@ -78,7 +78,10 @@ void AdvancedForm::SetStatusRefreshInterval(std::int32_t milliseconds)
     StatusBarRefreshTimer.setSingleShot(true);
 }
 
-void AdvancedForm::HookDeviceChanges() {}
+void AdvancedForm::HookDeviceChanges()
+{
+    services_.deviceChanges.Watch([this] { DeviceRemoved("A USB device has been removed from the system."); });
+}
 
 void AdvancedForm::ApplyPreferences()
 {
@@ -149,10 +152,8 @@ void AdvancedForm::CommFailure(const std::string&) { DisplayStatusMessage("Comm 
 void AdvancedForm::DeviceRemoved(const std::string& text)
 {
     services_.busy.WhenIdle("DeviceRemoved", [this, text] {
-        if (!document_ || !document_->device() || document_->device()->DeviceType() != "USB-HID Device")
-            return;
-        document_->device()->Disconnect();
-        document_->NotifyCommFailure(text);
+        if (board_)
+            board_->DeviceRemoved(text);
     });
 }
 

@@ -3,6 +3,7 @@
 #include "base/IErrorLog.h"
 #include "base/ProgramState.h"
 #include "platform/IClock.h"
+#include "platform/IDeviceChanges.h"
 #include "platform/IFileSystem.h"
 #include "platform/ISettingsStore.h"
 #include "platform/IUserPrompts.h"
@@ -45,6 +46,7 @@ struct AdvancedFormServices {
     IErrorLog& errorLog;
     IWait& wait;
     BusyState& busy;
+    IDeviceChanges& deviceChanges;
 };
 
 /// The main window: every register of one board, with the menus and buttons to choose the board, read it and load it.

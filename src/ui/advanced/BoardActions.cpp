@@ -170,6 +170,14 @@ void BoardActions::ChooseLinkForProduct(const std::string& product)
     ShowLinks();
 }
 
+void BoardActions::DeviceRemoved(const std::string& text)
+{
+    if (!link_.IsGone())
+        return;
+    link_.Device()->Disconnect();
+    document_.NotifyCommFailure(text);
+}
+
 void BoardActions::ShowProducts()
 {
     std::vector<MenuChoice> products;

@@ -59,6 +59,10 @@ public:
     /// Opens a data file that the user chose. False when it was not opened, which he has been told.
     bool OpenDataFile(const std::string& path);
 
+    /// HID devices came or went. When the connected board is among those that went, the link is closed and the document
+    /// told `text`; nothing happens otherwise.
+    void DeviceRemoved(const std::string& text);
+
     /// Another view changed the board (kinds as IMainView has them).
     void ShowChange(std::int32_t kind, const std::string& name);
     void SetAsSecondaryView(bool secondary) { secondaryView_ = secondary; }

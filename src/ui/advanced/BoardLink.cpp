@@ -2,12 +2,47 @@
 
 #include "base/Error.h"
 #include "comm/DemoDevice.h"
+#include "comm/HIDDevice.h"
 #include "model/RegisterObject.h"
 #include "shell/Document.h"
 
 namespace tarvex {
 
-void BoardLink::BindDevice() { counts_ = {}; }
+void BoardLink::BindDevice()
+{
+    counts_ = {};
+    subscriptions_.clear();
+    if (HIDDevice* usb = UsbLink()) {
+        CountTransfersOf(*usb);
+        subscriptions_.push_back(usb->WriteFailure.Subscribe(
+            [this, usb](std::int32_t, std::int32_t) { counts_.boardStuck = usb->LastWriteTimedOut(); }));
+    }
+}
+
+template <class Link> void BoardLink::CountTransfersOf(Link& link)
+{
+    const auto failed = [this](std::int32_t, std::int32_t) { ++counts_.failures; };
+    const auto succeeded = [this](std::int32_t, std::int32_t) { ++counts_.successes; };
+    subscriptions_.push_back(link.ReadFailure.Subscribe(failed));
+    subscriptions_.push_back(link.WriteFailure.Subscribe(failed));
+    subscriptions_.push_back(link.ReadSuccess.Subscribe(succeeded));
+    subscriptions_.push_back(link.WriteSuccess.Subscribe(succeeded));
+}
+
+HIDDevice* BoardLink::UsbLink() const { return dynamic_cast<HIDDevice*>(Device()); }
+
+bool BoardLink::IsGone() const
+{
+    HIDDevice* usb = UsbLink();
+    return usb && usb->IsConnected() && !usb->IsPresent();
+}
+
+std::string BoardLink::WhyRefused() const
+{
+    HIDDevice* usb = UsbLink();
+    const std::string hint = usb ? usb->OpenRefusedHint() : std::string();
+    return hint.empty() ? hint : "\n\n" + hint;
+}
 
 IDevice* BoardLink::Device() const { return document_.device().get(); }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Event.h"
 #include "base/IErrorLog.h"
 #include "comm/api/IDevice.h"
 #include "ui/advanced/RegisterTransfer.h"
@@ -8,10 +9,12 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace tarvex {
 
 class Document;
+class HIDDevice;
 
 /// The main window's hold on the link in use: it counts how its transfers end and makes sure that it stands. The device
 /// itself is asked of the document each time.
@@ -22,7 +25,8 @@ public:
         : document_(document), errorLog_(errorLog), beginBusy_(std::move(beginBusy))
     {}
 
-    /// Counts anew; called whenever another link has been put in place. The demo board reports no failures.
+    /// Counts anew on the link in use; called whenever another one has been put in place. The demo board reports no
+    /// failures.
     void BindDevice();
     /// The link in use, or none.
     IDevice* Device() const;
@@ -30,15 +34,21 @@ public:
     std::string DeviceType() const;
     bool IsDemo() const;
     bool IsConnected() const;
+    /// True when the board that the link is connected to has been unplugged.
+    bool IsGone() const;
+    /// A paragraph for the end of a message when a board is there and its last opening was refused; else empty.
+    std::string WhyRefused() const;
     /// Connects with the ids of the current product, unless the link stands already; true when it stands.
     bool Connect();
     /// Closes the link unless it is the demo board: another product is another board.
     void Release();
     /// True when the board answers: the first register of the current product is asked for.
     bool Verify();
-    const TransferCounts& Counts() const { return counts_; }
+    TransferCounts& Counts() { return counts_; }
 
 private:
+    template <class Link> void CountTransfersOf(Link& link);
+    HIDDevice* UsbLink() const;
     /// An error that the link raises is logged and counts as no.
     bool Succeeds(const std::function<bool()>& attempt);
 
@@ -46,6 +56,7 @@ private:
     IErrorLog& errorLog_;
     std::function<std::shared_ptr<void>()> beginBusy_;
     TransferCounts counts_;
+    std::vector<Subscription> subscriptions_;
 };
 
 }

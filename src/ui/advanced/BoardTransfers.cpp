@@ -44,7 +44,7 @@ void BoardActions::ReadIfLinkAnswers()
 void BoardActions::TellNoAnswer()
 {
     Tell("Unable to connect or verify communications to device " + controller_.deviceName() + " on " +
-         link_.DeviceType());
+         link_.DeviceType() + link_.WhyRefused());
 }
 
 void BoardActions::Connecting()
@@ -64,7 +64,7 @@ void BoardActions::Connecting()
     }
     readWanted_ = false;
     if (!connected) {
-        Tell("Unable to connect to " + name);
+        Tell("Unable to connect to " + name + link_.WhyRefused());
         return;
     }
     services_.state.g_minInitVersion = MinInitVersionForProduct(controller_.deviceName());
@@ -79,8 +79,7 @@ TransferResult BoardActions::Run(const Registers& registers, Direction direction
     const auto busy = services_.beginBusy();
     const auto device = document_.device(); // stays while its transfers run
     RegisterTransfer transfer(*device, link_.Counts(), services_.errorLog);
-    if (registers.size() > 1)
-        transfer.ShowOn(services_.progress, services_.statusLine, services_.wait);
+    transfer.ShowOn(registers.size() > 1 ? &services_.progress : nullptr, services_.statusLine, services_.wait);
     return (transfer.*direction)(registers);
 }
 
@@ -104,7 +103,7 @@ void BoardActions::LoadConfiguration()
 {
     const UserAction action(*this);
     if (!link_.Connect()) {
-        Tell("Failed to connect to " + controller_.deviceName());
+        Tell("Failed to connect to " + controller_.deviceName() + link_.WhyRefused());
         return;
     }
     auto registers = ChangedRegisters(controller_);
@@ -170,7 +169,9 @@ void BoardActions::WriteOne(const std::shared_ptr<RegisterObject>& object)
     else
         result.failed = 1;
     document_.UpdateAllViews(nullptr, kRegisterChanged, object->Name());
-    if (!result.Complete())
+    if (result.Complete())
+        services_.statusLine.DisplayStatusMessage(object->Name() + " written.");
+    else
         services_.statusLine.DisplayStatusMessage("Failed to write " + object->Name() +
                                                   ". It stays marked for Load Configuration.");
     if (!result.error.empty())
@@ -191,6 +192,8 @@ void BoardActions::Report(const char* verb, const TransferResult& result)
                        (result.failed == 0 ? "none" : std::to_string(result.failed)) + " failed.";
     if (result.stopped)
         text += " Stopped after too many failures.";
+    if (result.stuck)
+        text += " Stopped: the board takes nothing. Switch it off and on, or plug it in again.";
     if (result.cancelled)
         text += " Cancelled with Escape.";
     services_.statusLine.DisplayStatusMessage(text);

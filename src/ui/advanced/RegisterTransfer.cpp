@@ -66,9 +66,9 @@ private:
 
 }
 
-void RegisterTransfer::ShowOn(IProgress& progress, IStatusLine& statusLine, IWait& wait)
+void RegisterTransfer::ShowOn(IProgress* progress, IStatusLine& statusLine, IWait& wait)
 {
-    progress_ = &progress;
+    progress_ = progress;
     statusLine_ = &statusLine;
     wait_ = &wait;
 }
@@ -118,8 +118,9 @@ TransferResult RegisterTransfer::Run(const Registers& registers, Direction direc
         }
         if (progress_)
             progress_->TickProgress(1);
+        result.stuck = counts_.boardStuck;
         result.stopped = result.failed > kFailuresTolerated;
-        if (result.stopped)
+        if (result.stopped || result.stuck)
             break;
     }
     return result;

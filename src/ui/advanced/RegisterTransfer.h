@@ -18,6 +18,7 @@ class RegisterObject;
 struct TransferCounts {
     int failures = 0;
     int successes = 0;
+    bool boardStuck = false; ///< a write timed out: the board takes nothing, and each further write would wait as long
 };
 
 /// What came of a run of register transfers.
@@ -25,10 +26,11 @@ struct TransferResult {
     int done = 0; ///< registers transferred without a failure
     int failed = 0;
     bool stopped = false;   ///< ended early after too many failures
+    bool stuck = false;     ///< ended early because the board takes nothing
     bool cancelled = false; ///< ended early by Escape
     std::string error;      ///< text of the first error that the link raised, or empty
 
-    bool Complete() const { return failed == 0 && !stopped && !cancelled; }
+    bool Complete() const { return failed == 0 && !stopped && !stuck && !cancelled; }
 };
 
 /// Reads and writes registers one after another, with progress, and keeps their changed marks honest: a register whose
@@ -36,12 +38,15 @@ struct TransferResult {
 /// device handed in; one object serves one run.
 class RegisterTransfer {
 public:
-    RegisterTransfer(IDevice& device, const TransferCounts& counts, IErrorLog& errorLog)
+    RegisterTransfer(IDevice& device, TransferCounts& counts, IErrorLog& errorLog)
         : device_(device), counts_(counts), errorLog_(errorLog)
-    {}
+    {
+        counts_.boardStuck = false;
+    }
 
-    /// Shows a run to the user and lets him end it between two registers.
-    void ShowOn(IProgress& progress, IStatusLine& statusLine, IWait& wait);
+    /// Shows a run to the user and lets him end it between two registers. Without a progress only the status line tells
+    /// what is going on.
+    void ShowOn(IProgress* progress, IStatusLine& statusLine, IWait& wait);
 
     TransferResult Read(const std::vector<std::shared_ptr<RegisterObject>>& registers);
     TransferResult Write(const std::vector<std::shared_ptr<RegisterObject>>& registers);
@@ -55,7 +60,7 @@ private:
     template <class Transfer> bool Succeeds(Transfer transfer, TransferResult& result);
 
     IDevice& device_;
-    const TransferCounts& counts_;
+    TransferCounts& counts_;
     IErrorLog& errorLog_;
     IProgress* progress_ = nullptr;
     IStatusLine* statusLine_ = nullptr;
