@@ -42,7 +42,7 @@ void WithMockedBoards(const std::function<void()>& body)
     const std::string boards =
         Board("0", "7508950485019102850291028102") + Board("1", "75089504810295089102") + Board("2", "750895049102");
     std::string command = "ASAN_OPTIONS=verify_asan_link_order=0 umockdev-run -d " + folder.Write("boards", boards);
-    const std::string scripts[] = {"r 0 late\nw 0 ^BQ^D\nr 0 ^BQ\n", "w 0 ^@AB\nr 0 QRST\n"};
+    const std::string scripts[] = {"w 0 ^AX\nr 0 late\nw 0 ^BQ^D\nr 0 ^BQ\n", "w 0 ^@AB\nr 0 QRST\n"};
     for (const std::string n : {"0", "1"})
         command += " -i /dev/hidraw" + n + "=" +
                    folder.Write("size" + n, "@DEV /dev/hidraw" + n + "\nHIDIOCGRDESCSIZE 0 0A000000\n") +
@@ -91,6 +91,7 @@ TEST(HidServices, DropsLateReportsTakesShortOnesAndKeepsOtherProgramsOffUntilThe
         const auto board = services.Open("/dev/hidraw0");
         ASSERT_TRUE(board);
         pollfd other{open("/dev/hidraw0", O_RDWR | O_CLOEXEC), POLLIN, 0};
+        EXPECT_EQ(board->Write({1, 'X'}), 2U);
         ASSERT_EQ(poll(&other, 1, 5000), 1); // the late one is there
         const HidExchange exchange = board->Exchange({2, 'Q', 4}, 5, kLimit);
         EXPECT_EQ(exchange.written, 3U);
