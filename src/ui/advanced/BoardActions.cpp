@@ -22,7 +22,7 @@ BoardActions::UserAction::UserAction(BoardActions& actions) : actions_(actions),
 
 BoardActions::BoardActions(Document& document, IRegisterView& view, BoardActionServices services)
     : document_(document), controller_(document.controller()), view_(view), services_(std::move(services)),
-      link_(document, services_.errorLog, services_.beginBusy)
+      link_(document, services_.errorLog, services_.state.programFolder, services_.beginBusy)
 {
     TarvexController& controller = document.controller();
     subscriptions_.push_back(controller.DeviceNamesChanged.Subscribe([this](const auto&) {

@@ -14,8 +14,11 @@ void BoardLink::BindDevice()
     subscriptions_.clear();
     if (HIDDevice* usb = UsbLink()) {
         CountTransfersOf(*usb);
-        subscriptions_.push_back(usb->WriteFailure.Subscribe(
-            [this, usb](std::int32_t, std::int32_t) { counts_.boardStuck = usb->LastWriteTimedOut(); }));
+        const auto noteStuck = [this, usb](std::int32_t, std::int32_t) {
+            counts_.boardStuck = usb->LastTransferTimedOut();
+        };
+        subscriptions_.push_back(usb->ReadFailure.Subscribe(noteStuck));
+        subscriptions_.push_back(usb->WriteFailure.Subscribe(noteStuck));
     }
 }
 
@@ -40,7 +43,7 @@ bool BoardLink::IsGone() const
 std::string BoardLink::WhyRefused() const
 {
     HIDDevice* usb = UsbLink();
-    const std::string hint = usb ? usb->OpenRefusedHint() : std::string();
+    const std::string hint = usb ? usb->OpenRefusedHint(programFolder_) : std::string();
     return hint.empty() ? hint : "\n\n" + hint;
 }
 

@@ -20,9 +20,11 @@ class HIDDevice;
 /// itself is asked of the document each time.
 class BoardLink {
 public:
-    /// `beginBusy` gives a token that keeps all user input away while it lives.
-    BoardLink(Document& document, IErrorLog& errorLog, std::function<std::shared_ptr<void>()> beginBusy)
-        : document_(document), errorLog_(errorLog), beginBusy_(std::move(beginBusy))
+    /// `beginBusy` gives a token that keeps all user input away while it lives. The file of the access rule lies in the
+    /// program folder.
+    BoardLink(Document& document, IErrorLog& errorLog, const std::string& programFolder,
+              std::function<std::shared_ptr<void>()> beginBusy)
+        : document_(document), errorLog_(errorLog), programFolder_(programFolder), beginBusy_(std::move(beginBusy))
     {}
 
     /// Counts anew on the link in use; called whenever another one has been put in place. The demo board reports no
@@ -54,6 +56,7 @@ private:
 
     Document& document_;
     IErrorLog& errorLog_;
+    const std::string& programFolder_;
     std::function<std::shared_ptr<void>()> beginBusy_;
     TransferCounts counts_;
     std::vector<Subscription> subscriptions_;
