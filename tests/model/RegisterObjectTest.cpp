@@ -14,21 +14,6 @@ RegisterObject Make(std::int16_t bits = 8)
     return made;
 }
 
-TEST(RegisterObject, InitClearsWhatBelongsToBits)
-{
-    RegisterObject changed = Make();
-    changed.value(200);
-    changed.SetBitFlags(3, 2);
-    changed.SetBitDescription(3, "Three");
-    changed.Init(1, 2, 3, 16, "Other", "Else");
-    EXPECT_EQ(changed.value() + changed.GetBitFlags(3), 0);
-    EXPECT_EQ(changed.GetBitDescription(3), "");
-    EXPECT_FALSE(changed.IsDirty());
-    for (const std::int16_t width : {std::int16_t{-8}, std::int16_t{0}, std::int16_t{32}})
-        ExpectError([&] { changed.Init(1, 2, 3, width, "Bad", ""); }, kErrValueOutOfRange);
-    EXPECT_EQ(changed.Name(), "Other");
-}
-
 TEST(RegisterObject, ValueKeepsToItsRangeAndMarksOnlyAChange)
 {
     for (const std::int16_t bits : {std::int16_t{8}, std::int16_t{16}, std::int16_t{24}}) {

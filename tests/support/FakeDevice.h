@@ -3,7 +3,6 @@
 #include "base/Error.h"
 #include "comm/api/IDevice.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <map>
@@ -36,9 +35,7 @@ public:
     // What it answers.
     std::map<Place, Bytes> memory;                   ///< a register that is not in it reads as zeros
     std::set<Place> mute;                            ///< reads deliver nothing, writes are lost
-    std::size_t surplus = 0;                         ///< bytes of FF that a read delivers beyond those asked for
-    std::optional<std::size_t> deliver;              ///< a read delivers at most so many bytes
-    std::optional<Error> raise;                      ///< every transfer raises it
+    std::optional<std::size_t> deliver;              ///< a read delivers so many bytes, FF beyond those asked for
     std::map<Place, Error> raiseAt;                  ///< transfers of one register raise it
     std::function<void(const Transfer&)> onTransfer; ///< called at the end of each transfer, as a link's events are
     std::string name = "Fake device";
@@ -77,7 +74,7 @@ private:
         const Place place{baseAddress, parameterId};
         RaiseAsAsked(place);
         Bytes bytes(data.begin(), data.begin() + byteCount);
-        if (!IsMute(place))
+        if (!mute.contains(place))
             memory[place] = bytes;
         Record({Kind::Write, baseAddress, parameterId, std::move(bytes), aspi});
     }
@@ -87,7 +84,7 @@ private:
     {
         const Place place{baseAddress, parameterId};
         RaiseAsAsked(place);
-        const Bytes bytes = IsMute(place) ? Bytes{} : Answer(place, static_cast<std::size_t>(byteCount));
+        const Bytes bytes = mute.contains(place) ? Bytes{} : Answer(place, static_cast<std::size_t>(byteCount));
         byteCount = static_cast<std::int16_t>(bytes.size());
         Record({Kind::Read, baseAddress, parameterId, bytes, aspi});
         return bytes;
@@ -119,12 +116,8 @@ private:
         return connected ? 1 : 0;
     }
 
-    bool IsMute(const Place& place) const { return mute.contains(place); }
-
     void RaiseAsAsked(const Place& place) const
     {
-        if (raise)
-            throw Error(*raise);
         if (const auto found = raiseAt.find(place); found != raiseAt.end())
             throw Error(found->second);
     }
@@ -133,8 +126,8 @@ private:
     {
         const auto found = memory.find(place);
         Bytes bytes = found == memory.end() ? Bytes{} : found->second;
-        bytes.resize(std::min(wanted, deliver.value_or(wanted)));
-        bytes.insert(bytes.end(), surplus, 0xFF);
+        bytes.resize(wanted);
+        bytes.resize(deliver.value_or(wanted), 0xFF);
         return bytes;
     }
 
