@@ -7,56 +7,50 @@ namespace {
 /// The main window on the demo board, with the first product of the shipped init file.
 class MainWindowRun : public ProgramTest {
 protected:
-    ProgramDriver& Driver()
+    MainWindowRun() : driver(With({"-demo"}))
     {
-        if (!driver_) {
-            driver_ = std::make_unique<ProgramDriver>(With({"-demo"}));
-            driver_->WaitShown("AdvancedForm");
-            driver_->Menu("ProductMenu_0");
-            driver_->WaitText("UI_RegisterItem_0/NameLabel", "Scratch");
-        }
-        return *driver_;
+        driver.WaitShown("AdvancedForm");
+        driver.Menu("ProductMenu_0");
+        driver.WaitText("UI_RegisterItem_0/NameLabel", "Scratch");
     }
 
-    std::string Value() { return Driver().Text("UI_RegisterItem_0/txtInput"); }
+    std::string Value() { return driver.Text("UI_RegisterItem_0/txtInput"); }
 
     void ReadAll()
     {
-        Driver().Click("BTN_Read");
-        Driver().WaitText("StatusBar1/Message", "read");
+        driver.Click("BTN_Read");
+        driver.WaitText("StatusBar1/Message", "read");
     }
 
-private:
-    std::unique_ptr<ProgramDriver> driver_;
+    ProgramDriver driver;
 };
 
 TEST_F(MainWindowRun, WhatIsLoadedIntoTheBoardIsReadBack)
 {
     ReadAll();
-    Driver().Click("UI_RegisterItem_0/txtInput");
-    Driver().Key("Ctrl+A");
-    Driver().Type("5a");
-    Driver().Click("UI_RegisterItem_0/Bit_0");
+    driver.Click("UI_RegisterItem_0/txtInput");
+    driver.Key("Ctrl+A");
+    driver.Type("5a");
+    driver.Click("UI_RegisterItem_0/Bit_0");
     EXPECT_EQ(Value(), "5B");
-    Driver().Click("BTN_Load");
-    Driver().WaitText("StatusBar1/Message", "written");
+    driver.Click("BTN_Load");
+    driver.WaitText("StatusBar1/Message", "written");
     ReadAll();
     EXPECT_EQ(Value(), "5B");
 }
 
 TEST_F(MainWindowRun, AskedToEndBySystemItLeavesNoWorkingCopy)
 {
-    Driver();
     EXPECT_GT(WorkingCopies(), 0);
-    Driver().Terminate();
-    Driver().ExitCode();
+    driver.Terminate();
+    driver.ExitCode();
     EXPECT_EQ(WorkingCopies(), 0);
 }
 
 TEST_F(MainWindowRun, TheCloseBoxEndsTheProgramWith0)
 {
-    Driver().Send({"close", "AdvancedForm"});
-    EXPECT_EQ(Driver().ExitCode(), 0);
+    driver.Send({"close", "AdvancedForm"});
+    EXPECT_EQ(driver.ExitCode(), 0);
 }
 
 }

@@ -33,11 +33,12 @@ public:
     };
 
     // What it answers.
-    std::map<Place, Bytes> memory;                   ///< a register that is not in it reads as zeros
-    std::set<Place> mute;                            ///< reads deliver nothing, writes are lost
-    std::optional<std::size_t> deliver;              ///< a read delivers so many bytes, FF beyond those asked for
-    std::map<Place, Error> raiseAt;                  ///< transfers of one register raise it
-    std::function<void(const Transfer&)> onTransfer; ///< called at the end of each transfer, as a link's events are
+    std::map<Place, Bytes> memory;      ///< a register that is not in it reads as zeros
+    std::set<Place> mute;               ///< reads deliver nothing, writes are lost
+    std::optional<std::size_t> deliver; ///< a read delivers so many bytes, FF beyond those asked for
+    std::map<Place, Error> raiseAt;     ///< transfers of one register raise it
+    std::function<void(const Transfer&)> onTransfer = [](const Transfer&) {
+    }; ///< at the end of each, as a link's events
     std::string name = "Fake device";
     std::string type = "Fake device";
     std::string browseAnswer;
@@ -98,11 +99,7 @@ private:
         connected = false;
         return 0;
     }
-    std::string IDevice_Browse() override
-    {
-        calls.emplace_back("Browse");
-        return browseAnswer;
-    }
+    std::string IDevice_Browse() override { return browseAnswer; }
     bool IDevice_VerifyCommunications(std::int32_t, std::int32_t) override
     {
         calls.emplace_back("VerifyCommunications");
@@ -131,11 +128,10 @@ private:
         return bytes;
     }
 
-    void Record(Transfer transfer)
+    void Record(const Transfer& transfer)
     {
-        transfers.push_back(std::move(transfer));
-        if (onTransfer)
-            onTransfer(Transfer(transfers.back()));
+        transfers.push_back(transfer);
+        onTransfer(transfer);
     }
 };
 
