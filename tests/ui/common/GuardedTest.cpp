@@ -8,15 +8,6 @@
 
 namespace tarvex {
 
-namespace {
-
-struct NotedDeath {
-    ~NotedDeath() { noted = true; }
-    bool& noted;
-};
-
-}
-
 TEST(Guarded, LogsAndShowsWhatNobodyCaught)
 {
     FakeErrorLog log;
@@ -40,7 +31,7 @@ TEST(Guarded, EndsEveryNestedLoopAndDestroysWhatLiesBetween)
         QDialog dialog;
         QTimer::singleShot(0, &dialog, [&] {
             Guarded([&] {
-                const NotedDeath between{died};
+                const std::shared_ptr<void> between(nullptr, [&](void*) { died = true; });
                 QDialog nested;
                 QTimer::singleShot(0, &nested, [] { Guarded([] { ExitApplication(7); }); });
                 QTimer::singleShot(0, &nested, [&] { Guarded([&] { wentOn = true; }); });

@@ -101,18 +101,4 @@ TEST_F(InputGateTest, LetsTheAnswerOfABoxThroughAndThenSwallowsAgain)
     ExpectReceived("", 0);
 }
 
-TEST_F(InputGateTest, LetsGoOfAButtonThatWasHeldDownWhenWorkBegan)
-{
-    QTest::mousePress(Native(), Qt::LeftButton, {}, button.geometry().center());
-    EXPECT_TRUE(button.isDown());
-    {
-        const BusyGuard guard(busy);
-        QTest::mouseRelease(Native(), Qt::LeftButton, {}, button.geometry().center());
-    }
-    EXPECT_FALSE(button.isDown());
-    EXPECT_EQ(clicks, 0);
-    TypeAndClick();
-    EXPECT_EQ(clicks, 1);
-}
-
 }

@@ -1,3 +1,4 @@
+#include "support/TemporaryFolder.h"
 #include "support/qt/QtTestTools.h"
 #include "ui/prompts/FileFilters.h"
 #include "ui/prompts/UserPrompts.h"
@@ -8,10 +9,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
-
-#include <fstream>
 
 namespace tarvex {
 
@@ -41,25 +39,24 @@ TEST(FileFilters, AreTurnedIntoThoseOfQt)
 
 TEST(FileDialog, AddsTheDefaultExtensionAndAsksBeforeAFileIsReplaced)
 {
-    const QTemporaryDir folder;
-    const auto path = [&](const char* name) { return folder.filePath(name).toStdString(); };
+    const TemporaryFolder folder;
     for (const char* name : {"board.xml", "plain"})
-        std::ofstream(path(name)) << "x";
-    const FileDialogRequest request{"Choose", folder.path().toStdString(), "", kFilter, "xml"};
+        folder.Write(name, "x");
+    const FileDialogRequest request{"Choose", folder.path, "", kFilter, "xml"};
     UserPrompts prompts("none.hlp");
 
     Enter("plain");
-    EXPECT_EQ(prompts.AskOpenFile(request), path("plain"));
+    EXPECT_EQ(prompts.AskOpenFile(request), folder.File("plain"));
     OnceShown<QFileDialog>("FileDialog", [](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
     EXPECT_EQ(prompts.AskOpenFile(request), std::nullopt);
     Enter("new.txt");
-    EXPECT_EQ(prompts.AskSaveFile(request), path("new.txt"));
+    EXPECT_EQ(prompts.AskSaveFile(request), folder.File("new.txt"));
     Enter("board");
     OnceShown<QMessageBox>("MessageBox", [](QMessageBox& box) {
         Enter("other");
         box.button(QMessageBox::No)->click();
     });
-    EXPECT_EQ(prompts.AskSaveFile(request), path("other.xml"));
+    EXPECT_EQ(prompts.AskSaveFile(request), folder.File("other.xml"));
 }
 
 }

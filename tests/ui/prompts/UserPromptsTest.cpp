@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -54,17 +53,6 @@ TEST_F(UserPromptsTest, AnswersWithTheButtonAndForAClosedBox)
     }
 }
 
-TEST_F(UserPromptsTest, ComesBackAfterItsHelpWasClosed)
-{
-    OnceShown<QDialog>("HelpViewer", [&](QDialog& help) {
-        EXPECT_TRUE(help.isModal());
-        OnceShown<QMessageBox>("MessageBox", [](QMessageBox& box) { PressKey(box, Qt::Key_Return); });
-        PressKey(help, Qt::Key_Escape);
-    });
-    const auto pressHelp = [](QMessageBox& box) { Click(box, *box.button(QMessageBox::Help)); };
-    EXPECT_EQ(AnswerWith(Buttons::RetryCancelHelp, pressHelp), Answer::Retry);
-}
-
 TEST_F(UserPromptsTest, ShowsItsTextAsItIsAndAPlainPointerWhileWorkRuns)
 {
     BusyState busy;
@@ -77,28 +65,6 @@ TEST_F(UserPromptsTest, ShowsItsTextAsItIsAndAPlainPointerWhileWorkRuns)
     });
     EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
     EXPECT_FALSE(busy.Cancelled());
-}
-
-TEST_F(UserPromptsTest, SurvivesTheDeathOfTheWindowUnderABox)
-{
-    auto* window = new QWidget;
-    window->show();
-    window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-    EXPECT_EQ(AnswerWith(Buttons::YesNo, [&](QMessageBox&) { delete window; }), Answer::No);
-}
-
-TEST_F(UserPromptsTest, AsksForAText)
-{
-    const auto ask = [&](Qt::Key key) {
-        OnceShown<QInputDialog>("InputBox", [key](QInputDialog& box) {
-            PressKey(box, Qt::Key_2); // replaces the proposal, which is selected
-            PressKey(box, key);
-        });
-        return prompts.AskText("Enter the number:", "Input", "1");
-    };
-    EXPECT_EQ(ask(Qt::Key_Return), "2");
-    EXPECT_EQ(ask(Qt::Key_Escape), std::nullopt);
 }
 
 TEST_F(UserPromptsTest, PicksADevice)
