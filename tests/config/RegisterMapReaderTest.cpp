@@ -47,34 +47,15 @@ TEST_F(ControllerTest, KeepsWiderRegistersAboveAOneByteDefaultClear)
 TEST_F(ControllerTest, BuildsPropertiesAsTheFileSays)
 {
     InitFileBuilder file;
-    file.properties =
-        PropertyXml("Size", Xml("UI", "Range") + Xml("HelpTip", "size.rtf") + Xml("ImageFile", "size.jpg") +
-                                Xml("Description", "How large") + Xml("Prompt", "First?") + FieldXml("LSB", "Offset") +
-                                Xml("Prompt", "Second?") + FieldXml("MSB", "Gain", "1,4:7")) +
-        PropertyXml("Plain", FieldXml("Bit", "Gain", "0", ""));
+    file.properties = PropertyXml("Size", Xml("UI", "Range") + Xml("Prompt", "First?") + FieldXml("LSB", "Offset") +
+                                              Xml("Prompt", "Second?") + FieldXml("MSB", "Gain", "1,4:7"));
     UseBoard(file);
     const auto size = controller.GetPropertyByName("Size");
     EXPECT_EQ(size->WidgetType(), "Range");
-    EXPECT_EQ(size->helpTip(), "size.rtf");
-    EXPECT_EQ(size->ImageFilepath(), "size.jpg");
-    EXPECT_EQ(size->Description(), "How large");
     EXPECT_EQ(size->Prompts(), (std::vector<std::string>{"First?", "Second?"}));
     EXPECT_EQ(size->GetBitset(0)->ParentRegister(), "Offset");
     EXPECT_EQ(controller.GetPropertyBitsetByName("Size", "MSB")->GetBitParentIndex(1), 4);
-    EXPECT_EQ(controller.GetProperty(1)->WidgetType(), "None");
-}
-
-TEST_F(ControllerTest, FreesRegistersThatDependOnEachOther)
-{
-    InitFileBuilder file;
-    file.registers =
-        RegisterXml("Gain", "20", Xml("Dependency", "Offset")) + RegisterXml("Offset", "21", Xml("Dependency", "Gain"));
-    UseBoard(file);
-    const std::weak_ptr<RegisterObject> first = kept;
-    kept.reset();
-    Use(InitFileBuilder().Text());
-    ASSERT_TRUE(controller.InitDevice("Board"));
-    EXPECT_TRUE(first.expired());
+    ExpectError([&] { size->GetBitset(2); }, 501, "class TarvexProperty", "Index was out of range.");
 }
 
 }
