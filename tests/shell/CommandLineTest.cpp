@@ -1,6 +1,5 @@
 #include "shell/CommandLine.h"
 
-#include "support/ExitCode.h"
 #include "support/ScriptedPrompts.h"
 
 #include <gtest/gtest.h>
@@ -46,18 +45,6 @@ TEST(CommandLine, IsReadIntoItsFields)
         EXPECT_EQ(line.dataFile, expected.dataFile);
         EXPECT_EQ(line.wizardProduct, expected.wizardProduct);
         EXPECT_EQ(FlagsOf(line), expected.flags);
-    }
-}
-
-TEST(CommandLine, EndsTheProgramForAnUnknownSwitch)
-{
-    const std::pair<const char*, std::string> refusals[] = {
-        {"-Nonsense", "nonsense"}, {"--demo", "-demo"}, {"board.txt", "board.txt"}, {"-", ""}};
-    for (const auto& [text, shown] : refusals) {
-        SCOPED_TRACE(text);
-        ScriptedPrompts prompts;
-        prompts.ExpectMessage("Unrecognized command line parameter: " + shown);
-        EXPECT_EQ(ExitCodeOf([&] { ParseCommandLine(text, prompts); }), 1);
     }
 }
 

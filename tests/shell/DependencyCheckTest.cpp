@@ -1,27 +1,12 @@
-#include "shell/DependencyCheck.h"
+#include "shell/Startup.h"
 
-#include "base/Error.h"
-#include "support/ScriptedPrompts.h"
-
-#include <gtest/gtest.h>
+#include "platform/zorbus/SimulatedNorvaneSystem.h"
+#include "shell/DocumentFixture.h"
+#include "support/FakeSettingsStore.h"
 
 namespace tarvex {
 
 namespace {
-
-class FakeNorvane : public INorvaneSystem {
-public:
-    explicit FakeNorvane(std::string version) : version_(std::move(version)) {}
-    std::string Version() override { return version_; }
-    bool MinimumVersion(const std::string& major, const std::string& minor, const std::string& build) override
-    {
-        EXPECT_EQ(major + "." + minor + "." + build, "1.1.11");
-        return version_ != "1.1.10";
-    }
-
-private:
-    std::string version_;
-};
 
 /// One library: its version, or the error that loading it gives.
 struct Library {
@@ -49,32 +34,33 @@ const std::string kNoNorvane =
 const std::string kAdvice =
     " Inability to find a file/dll may indicate incorrect versions of dependent files/dll as well. Tarvex dependencies "
     "are listed in Tarvex_Versions.htm found in the installation folder or on the distribution CD.";
+const std::string kHelp = "Try running the registerActiveX_<OS version>.bat in /prog/../Depends.. ";
 
 const Case kCases[] = {
-    {{"5.0.1"}, {"1.1.11"}, ""},
-    {{"5.0.0"}, {"1.1.10"}, "Dependency check:  Found ChilkatXML 5.0.0, Require 5.0.1"},
-    {{"rubbish"}, {"1.1.11"}, "Dependency check:  Found ChilkatXML rubbish, Require 5.0.1"},
-    {{"6.0.0"}, {"1.1.10"}, "Dependency check:  Found Norvane 1.1.10, Require 1.1.11"},
-    {{"", 7}, {"1.1.11"}, kNoXml + "HELP. "},
-    {{"", 53}, {"1.1.11"}, kNoXml + kAdvice + "HELP. "},
-    {{"5.1.0"}, {"", 7}, kNoNorvane + "HELP. "},
+    {{"5.0.0"}, {""}, "Dependency check:  Found ChilkatXML 5.0.0, Require 5.0.1"},
+    {{"rubbish"}, {""}, "Dependency check:  Found ChilkatXML rubbish, Require 5.0.1"},
+    {{"", 7}, {""}, kNoXml + kHelp},
+    {{"", 53}, {""}, kNoXml + kAdvice + kHelp},
+    {{"5.1.0"}, {"", 7}, kNoNorvane + kHelp},
     {{"5.1.0"}, {"", 53}, kNoNorvane + kAdvice},
 };
 
 }
 
-TEST(DependencyCheck, TellsWhichLibraryIsMissingOrTooOld)
+TEST_F(DocumentTest, StartEndsBeforeAnythingElseWhenALibraryIsMissingOrTooOld)
 {
-    ProgramState state;
-    state.g_dependsHelp = "HELP";
+    FakeSettingsStore settings;
     for (const Case& each : kCases) {
-        SCOPED_TRACE(each.box);
-        ScriptedPrompts prompts;
-        if (!each.box.empty())
-            prompts.ExpectMessage(each.box);
+        prompts_.ExpectMessage(each.box);
         const Dependencies dependencies{[&] { return each.xml.Load(); },
-                                        [&] { return std::make_shared<FakeNorvane>(each.norvane.Load()); }};
-        EXPECT_EQ(TestForDependencies(dependencies, state, prompts), each.box.empty());
+                                        [&] {
+                                            each.norvane.Load();
+                                            return std::make_shared<SimulatedNorvaneSystem>();
+                                        }};
+        Startup startup(services_, dependencies, settings, mainView_);
+        EXPECT_EQ(ExitCodeOf([&] { startup.Run(); }), 8);
+        EXPECT_EQ(TakeJournal(), Lines());
+        EXPECT_FALSE(preferences_.loaded);
     }
 }
 

@@ -21,27 +21,26 @@ namespace tarvex {
 /// A link that writes down when it is made, connected, disconnected and gone.
 class FakeLink : public FakeDevice {
 public:
-    FakeLink(const std::string& linkType, bool answers, std::vector<std::string>& journal) : journal_(journal)
+    FakeLink(const std::string& linkType, std::vector<std::string>& journal) : journal_(journal)
     {
         type = linkType;
-        connected = false;
-        canConnect = answers;
         Note("made");
     }
     ~FakeLink() override { Note("gone"); }
+
+    bool failsToClose = false;
 
 private:
     std::int32_t IDevice_connect(std::int32_t pid, std::int32_t vid) override
     {
         Note("connect " + ToHex(pid) + " " + ToHex(vid));
-        connected = canConnect;
-        return connected ? 1 : 0;
+        return 1;
     }
     std::int32_t IDevice_Disconnect() override
     {
         Note("Disconnect");
-        if (raise)
-            throw Error(*raise);
+        if (failsToClose)
+            Raise(1, "FakeLink::Disconnect", "stuck");
         return 0;
     }
 
@@ -86,18 +85,12 @@ protected:
 
     std::function<std::shared_ptr<IDevice>()> LinkMaker(const std::string& type)
     {
-        return [this, type] { return std::make_shared<FakeLink>(type, linksAnswer_, journal_); };
+        return [this, type] { return std::make_shared<FakeLink>(type, journal_); };
     }
 
     std::function<std::unique_ptr<IWizardView>()> WizardMaker(const std::string& label)
     {
-        return [this, label] {
-            listener_ = document_->controller().CurrentProductChanged.Subscribe(
-                [this](std::int32_t, std::int32_t, const std::string& name) {
-                    journal_.push_back("controller: " + name + " with minimum " + state_.g_minInitVersion);
-                });
-            return std::make_unique<FakeWizardView>(label, script_);
-        };
+        return [this, label] { return std::make_unique<FakeWizardView>(label, script_); };
     }
 
     /// Makes a document and runs it; the code with which it ended the program, or none.
@@ -121,10 +114,8 @@ protected:
     std::vector<std::string> journal_;
     FakeMainView mainView_{journal_};
     FakeWizardScript script_{journal_};
-    bool linksAnswer_ = true;
     DocumentServices services_{state_, files_, errors_, packetLog_, prompts_, preferences_, {}, {}, {}, {}};
     std::unique_ptr<Document> document_;
-    Subscription listener_;
 };
 
 using Lines = std::vector<std::string>;

@@ -1,7 +1,5 @@
 #include "shell/DocumentFixture.h"
 
-#include "support/FailingFileSystem.h"
-
 #include "base/Version.h"
 
 namespace tarvex {
@@ -82,12 +80,9 @@ TEST_F(DocumentRun, RefusesABadInitFileWithoutABox)
 TEST_F(DocumentRun, DoesNotReadWhatStandsInPlaceOfItsCopy)
 {
     files_.files["/tmp/Tarvex42.xml"] = files_.files["/prog/Tarvex.xml"];
-    FailingFileSystem failing(files_);
-    failing.failing = {FileOperation::CopyToWorkingFile};
-    DocumentServices services{state_, failing, errors_, packetLog_, prompts_, preferences_, {}, {}, {}, "-demo"};
+    files_.failing = {FileOperation::CopyToWorkingFile};
     testing::internal::CaptureStderr();
-    Document document(services);
-    EXPECT_EQ(ExitCodeOf([&] { document.Run(mainView_); }), 2);
+    EXPECT_EQ(Run("-demo"), 2);
     EXPECT_NE(testing::internal::GetCapturedStderr().find("Unable to copy"), std::string::npos);
 }
 
@@ -108,24 +103,25 @@ TEST_F(DocumentRun, ShowsTheMainWindowOnTheDemoLink)
               "Beginning packet log for Demo device, PID: 0x0, VID: 0x12C5 [2026-03-04 15:06:07]\n");
 }
 
-TEST_F(DocumentRun, OpensTheDataFileOfTheCommandLineInTheShownWindow)
+TEST_F(DocumentRun, ReplacesLinksByNameEvenWhenTheOldOneFailsToClose)
 {
-    files_.files["/home/Board.xml"] = "data";
-    EXPECT_EQ(Run("/home/Board.xml -demo"), std::nullopt);
-    EXPECT_EQ(TakeJournal(), (Lines{"Demo device: made", "main: Init Demo device", "main: ShowView",
-                                    "main: OpenDataFile /home/Board.xml"}));
-    EXPECT_EQ(document_->TargetSaveFileName(), "/tmp/Board.xml");
-    EXPECT_EQ(files_.files["/tmp/Board.xml"], "data");
-}
-
-TEST_F(DocumentRun, SelfTestLeavesTheMainWindowHiddenAndNoController)
-{
-    std::string report;
-    services_.selfTest = [&](const std::string& path) { report = path; };
-    EXPECT_EQ(Run("-zb_unit_test"), std::nullopt);
-    EXPECT_EQ(report, "/root/Tarvex_UT.txt");
-    EXPECT_EQ(TakeJournal(), Lines{"Demo device: made"});
-    EXPECT_THROW(document_->controller(), Error);
+    Run("");
+    TakeJournal();
+    const std::pair<const char*, Lines> kLinks[] = {
+        {"Carrier pigeon", {}},
+        {"usb-hid device", {}},
+        {"USB-HID Device", {"USB-HID Device: made", "Demo device: Disconnect", "Demo device: gone"}},
+        {"USB-HID Device", {}},
+        {"Ethernet", {"USB-HID Device: Disconnect", "USB-HID Device: gone"}},
+        {"SerialZorbus", {"SerialZorbus: made"}}};
+    for (const auto& [link, journal] : kLinks) {
+        document_->SelectCommLink(link);
+        EXPECT_EQ(TakeJournal(), journal) << link;
+    }
+    dynamic_cast<FakeLink&>(*document_->device()).failsToClose = true;
+    document_->SelectCommLink("USB-HID Device");
+    EXPECT_EQ(document_->device()->DeviceType(), "USB-HID Device");
+    EXPECT_EQ(errors_.entries.at(0).description, "stuck");
 }
 
 }

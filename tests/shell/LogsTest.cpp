@@ -3,7 +3,6 @@
 
 #include "base/Error.h"
 #include "base/ExitRequest.h"
-#include "support/FailingFileSystem.h"
 #include "support/FakeClock.h"
 #include "support/FakeFileSystem.h"
 
@@ -68,10 +67,9 @@ TEST(Logs, LeaveTheProgramAloneWhenTheyCannotBeWritten)
 {
     FakeFileSystem files;
     FakeClock clock;
-    FailingFileSystem failing(files);
-    failing.failing = {FileOperation::OpenText};
-    ErrorLog(failing, "log").LogError("text", 1, "source");
-    PacketLog log(failing, clock);
+    files.failing = {FileOperation::OpenText};
+    ErrorLog(files, "log").LogError("text", 1, "source");
+    PacketLog log(files, clock);
     log.OpenPacketLog("p", 1);
     EXPECT_FALSE(log.IsPacketLogging());
     log.LogPacket(PacketDirection::Sent, {1}, 1, 1);

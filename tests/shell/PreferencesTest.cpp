@@ -1,6 +1,5 @@
 #include "shell/Preferences.h"
 
-#include "support/ExpectError.h"
 #include "support/FakeSettingsStore.h"
 
 #include <gtest/gtest.h>
@@ -46,16 +45,6 @@ TEST(Preferences, UnreadableValuesGiveTheirDefault)
     }
 }
 
-TEST(Preferences, BrokenStoreGivesTheDefaults)
-{
-    FakeSettingsStore store;
-    store.failsToRead = true;
-    Preferences preferences;
-    LoadPreferences(store, preferences);
-    EXPECT_EQ(preferences.lastZorbusId + " " + preferences.lastChannel, "0x0000 0");
-    EXPECT_EQ(preferences.serial.baudRate, 9600);
-}
-
 TEST(Preferences, AreSavedAsTextOnceAndOnlyWhenTheyWereLoaded)
 {
     FakeSettingsStore store;
@@ -79,12 +68,6 @@ TEST(Preferences, AreSavedAsTextOnceAndOnlyWhenTheyWereLoaded)
     for (const auto& [key, value] : store.values)
         written[key.first == "UserPreferences" ? key.second : "?"] = value;
     EXPECT_EQ(written, expected);
-}
-
-TEST(Preferences, RefuseAnUnknownName)
-{
-    ExpectError([] { GetAppPreference(Preferences(), "Baud"); }, 402, "AdvancedForm::GetAppPreference",
-                "Preference Baud not defined");
 }
 
 }

@@ -1,6 +1,5 @@
 #include "shell/WorkingCopies.h"
 
-#include "support/FailingFileSystem.h"
 #include "support/FakeFileSystem.h"
 
 #include <gtest/gtest.h>
@@ -28,12 +27,11 @@ TEST(WorkingCopies, AreNamedAfterSourceAndSuffixAndDieWithTheirOwner)
 
 TEST(WorkingCopies, PassOverFailuresAndThenDeleteNothing)
 {
-    FakeFileSystem inner;
-    inner.files = {{"/a/b.xml", "new"}, {"/tmp/b.xml", "somebody else's"}};
-    FailingFileSystem files(inner);
+    FakeFileSystem files;
+    files.files = {{"/a/b.xml", "new"}, {"/tmp/b.xml", "somebody else's"}};
     files.failing = {FileOperation::CopyToWorkingFile};
     EXPECT_EQ(WorkingCopies(files).MakeTempCopy("/a/b.xml", ""), "/tmp/b.xml");
-    EXPECT_EQ(inner.files["/tmp/b.xml"], "somebody else's");
+    EXPECT_EQ(files.files["/tmp/b.xml"], "somebody else's");
 }
 
 TEST(WorkingCopies, SweepOnlyWhatDeadProcessesLeft)
