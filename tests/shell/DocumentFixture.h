@@ -1,20 +1,10 @@
 #pragma once
 
-#include "shell/Document.h"
-
-#include "support/ExitCode.h"
-#include "support/FakeClock.h"
-#include "support/FakeDevice.h"
-#include "support/FakeErrorLog.h"
-#include "support/FakeFileSystem.h"
-#include "support/FakeMainView.h"
-#include "support/FakeWizardView.h"
-#include "support/InitFileBuilder.h"
-#include "support/ScriptedPrompts.h"
-
 #include "base/Numbers.h"
-
-#include <gtest/gtest.h>
+#include "support/DocumentFakes.h"
+#include "support/ExitCode.h"
+#include "support/FakeDevice.h"
+#include "support/FakeMainView.h"
 
 namespace tarvex {
 
@@ -65,16 +55,11 @@ inline std::string InitFileText(const std::vector<std::string>& names, const std
 }
 
 /// A document among fakes, which all write into one journal.
-class DocumentTest : public testing::Test {
+class DocumentTest : public testing::Test, protected DocumentFakes {
 protected:
     DocumentTest()
     {
-        state_.programFolder = "/prog";
-        state_.programFileName = "tarvex";
-        state_.rootFolder = "/root";
-        state_.instanceHandle = 42;
-        files_.files["/prog/Tarvex.xml"] =
-            InitFileText({"Vexlon", "Vexlon-Fx_Channel1", "Kestra-Fx", "Cendra", "Ossary", "Ossary-Plus"});
+        InitFile() = InitFileText({"Vexlon", "Vexlon-Fx_Channel1", "Kestra-Fx", "Cendra", "Ossary", "Ossary-Plus"});
         services_.links = {{"Demo", LinkMaker("Demo device")},
                            {"USB-HID Device", LinkMaker("USB-HID Device")},
                            {"SerialZorbus", LinkMaker("SerialZorbus")}};
@@ -88,11 +73,6 @@ protected:
         return [this, type] { return std::make_shared<FakeLink>(type, journal_); };
     }
 
-    std::function<std::unique_ptr<IWizardView>()> WizardMaker(const std::string& label)
-    {
-        return [this, label] { return std::make_unique<FakeWizardView>(label, script_); };
-    }
-
     /// Makes a document and runs it; the code with which it ended the program, or none.
     std::optional<int> Run(const std::string& commandLine)
     {
@@ -104,17 +84,7 @@ protected:
     /// What was written down since the last time.
     std::vector<std::string> TakeJournal() { return std::exchange(journal_, {}); }
 
-    FakeFileSystem files_;
-    FakeErrorLog errors_;
-    FakeClock clock_;
-    PacketLog packetLog_{files_, clock_};
-    ScriptedPrompts prompts_;
-    Preferences preferences_;
-    ProgramState state_;
-    std::vector<std::string> journal_;
     FakeMainView mainView_{journal_};
-    FakeWizardScript script_{journal_};
-    DocumentServices services_{state_, files_, errors_, packetLog_, prompts_, preferences_, {}, {}, {}, {}};
     std::unique_ptr<Document> document_;
 };
 

@@ -44,6 +44,7 @@ public:
     std::string browseAnswer;
     bool connected = true;
     bool canConnect = true;
+    bool foundByIds = true; ///< or by its path only
     bool verifies = true;
 
     // What it saw.
@@ -91,8 +92,8 @@ private:
         return bytes;
     }
 
-    std::int32_t IDevice_connect(std::int32_t, std::int32_t) override { return Connect("connect"); }
-    std::int32_t IDevice_ConnectToPath(const std::string&) override { return Connect("ConnectToPath"); }
+    std::int32_t IDevice_connect(std::int32_t, std::int32_t) override { return Connect("connect", foundByIds); }
+    std::int32_t IDevice_ConnectToPath(const std::string&) override { return Connect("ConnectToPath", true); }
     std::int32_t IDevice_Disconnect() override
     {
         calls.emplace_back("Disconnect");
@@ -106,10 +107,10 @@ private:
         return verifies;
     }
 
-    std::int32_t Connect(const char* operation)
+    std::int32_t Connect(const char* operation, bool isFound)
     {
         calls.emplace_back(operation);
-        connected = canConnect;
+        connected = canConnect && isFound;
         return connected ? 1 : 0;
     }
 

@@ -2,18 +2,6 @@
 
 namespace tarvex {
 
-TEST_F(BoardTest, AnEditIsKeptForALaterLoad)
-{
-    StartWithVexlon();
-    EXPECT_FALSE(board_->IsModified());
-    board_->EditRegister("R1", 0);
-    EXPECT_FALSE(board_->IsModified()); // the value it had
-    board_->EditRegister("R1", 255);
-    EXPECT_TRUE(board_->IsModified());
-    EXPECT_EQ(Changed(), Names{"R1"});
-    EXPECT_EQ(usb_->transfers.size(), 0U);
-}
-
 TEST_F(BoardTest, ARefusedValueIsPutBack)
 {
     StartWithVexlon();
@@ -59,46 +47,6 @@ TEST_F(BoardTest, AFailedRealTimeWriteStaysMarked)
     board_->EditRegister("R3", 0x3C);
     EXPECT_EQ(Changed(), Names{"R3"});
     EXPECT_EQ(Status(), "Failed to write R3. It stays marked for Load Configuration.");
-}
-
-TEST_F(BoardTest, RealTimeUpdateStaysOnlyOnABoardThatAnswers)
-{
-    StartWithVexlon();
-    view_.realTime = true;
-    board_->RealTimeTicked();
-    EXPECT_TRUE(view_.realTime);
-    EXPECT_EQ(usb_->calls, Names{"VerifyCommunications"});
-
-    usb_->verifies = false;
-    board_->RealTimeTicked();
-    EXPECT_FALSE(view_.realTime);
-    board_->RealTimeTicked(); // unticked: nobody is asked
-    EXPECT_EQ(usb_->calls.size(), 2U);
-}
-
-TEST_F(BoardTest, ChangesOfOtherViewsAreShownByKind)
-{
-    StartWithVexlon();
-    const struct {
-        std::int32_t kind;
-        const char* name;
-        std::vector<std::int16_t> rows;
-    } kChanges[] = {{kRegisterChanged, "R4", {4}},
-                    {kRegisterChanged, "Unknown", {}},
-                    {kPropertyChanged, "Pair", {2, 5}},
-                    {kRegisterChanged, "", {}},
-                    {kPropertyChanged, "", {}},
-                    {kEverythingChanged, "R4", {}},
-                    {3, "R4", {}}};
-    view_.echo = [this] { board_->EditRegister("R4", 99); };
-    for (const auto& each : kChanges) {
-        view_.shownRows.clear();
-        board_->ShowChange(each.kind, each.name);
-        std::sort(view_.shownRows.begin(), view_.shownRows.end());
-        EXPECT_EQ(view_.shownRows, each.rows) << each.kind << " " << each.name;
-    }
-    EXPECT_EQ(Register("R4").value(), 0);
-    EXPECT_THROW(board_->ShowChange(kPropertyChanged, "Unknown"), Error);
 }
 
 }

@@ -11,24 +11,6 @@ Bytes One(std::uint8_t value) { return {value}; }
 
 }
 
-TEST_F(BoardTest, ReadingShowsProgressAndEveryValue)
-{
-    StartBesideWizard();
-    usb_->memory[{0x451, 0x23}] = One(0x5A);
-    board_->ReadConfiguration();
-    EXPECT_EQ(Reads(), (Ids{0x20, 0x21, 0x22, 0x23, 0x24, 0x25, 0x26, 0x27}));
-    EXPECT_EQ(Register("R3").value(), 0x5A);
-    EXPECT_EQ(view_.shownWhole, 2); // once at the start
-    Names progress(kRegisters, "tick 1");
-    progress.insert(progress.begin(), {"0 of 8", "show"});
-    progress.emplace_back("hide");
-    EXPECT_EQ(screen_.progress, progress);
-    EXPECT_TRUE(WasStatus("Reading register value for R7"));
-    EXPECT_EQ(Status(), "8 registers read, none failed.");
-    EXPECT_EQ(journal_, Names{"wizard: UpdateUI 0 "});
-    EXPECT_EQ(usb_->transfers[0].aspi, kNoAspi);
-}
-
 TEST_F(BoardTest, RealTimeUpdateRestsWhileTheBoardIsRead)
 {
     StartWithVexlon();
@@ -82,11 +64,8 @@ TEST_F(BoardTest, FailedReadsLeaveEveryMarkAsItWas)
 TEST_F(BoardTest, ARunStopsAfterMoreThanFiveFailures)
 {
     StartWithVexlon();
-    usb_->raise = Error(303, "Link", "No answer");
-    prompts_.ExpectMessage("No answer");
-    board_->ReadConfiguration();
-    EXPECT_EQ(Status(), "0 registers read, 6 failed. Stopped after too many failures.");
-
+    for (int id = 0x20; id < 0x26; ++id)
+        FailAt(id);
     for (const auto& object : AllRegisters(document_->controller()))
         object->value(1);
     prompts_.ExpectMessage("No answer");
@@ -94,9 +73,7 @@ TEST_F(BoardTest, ARunStopsAfterMoreThanFiveFailures)
     EXPECT_EQ(Status(), "0 registers written, 6 failed. Stopped after too many failures.");
     EXPECT_EQ(Changed().size(), std::size_t{kRegisters});
 
-    usb_->raise.reset();
-    for (int id = 0x20; id < 0x25; ++id)
-        FailAt(id);
+    usb_->raiseAt.erase({0x451, 0x23});
     prompts_.ExpectMessage("No answer");
     board_->ReadConfiguration();
     EXPECT_EQ(Status(), "3 registers read, 5 failed.");
@@ -117,7 +94,7 @@ TEST_F(BoardTest, EscapeEndsAReadBetweenTwoRegisters)
     EXPECT_EQ(Status(), kReadAgain);
 }
 
-TEST_F(BoardTest, LoadingWritesExactlyTheEditedRegisters)
+TEST_F(BoardTest, LoadingWritesExactlyTheEditedRegistersAndAsksWhenThereAreNone)
 {
     StartBesideWizard();
     board_->EditRegister("R6", 0x66);
@@ -129,18 +106,13 @@ TEST_F(BoardTest, LoadingWritesExactlyTheEditedRegisters)
     EXPECT_EQ(Changed(), Names());
     EXPECT_EQ(Status(), "2 registers written, none failed.");
     EXPECT_EQ(journal_, Names{"wizard: UpdateUI 0 "});
-    EXPECT_EQ(Reads(), Ids());
-}
 
-TEST_F(BoardTest, LoadingWithNothingEditedAsksFirst)
-{
-    StartWithVexlon();
-    prompts_.ExpectMessage(kResendAll, Answer::No);
-    board_->LoadConfiguration();
-    EXPECT_EQ(Writes(), Ids());
-    prompts_.ExpectMessage(kResendAll, Answer::Yes);
-    board_->LoadConfiguration();
-    EXPECT_EQ(Writes().size(), std::size_t{kRegisters});
+    usb_->transfers.clear();
+    for (const auto& [answer, writes] : {std::pair(Answer::No, 0), std::pair(Answer::Yes, kRegisters)}) {
+        prompts_.ExpectMessage(kResendAll, answer);
+        board_->LoadConfiguration();
+        EXPECT_EQ(usb_->transfers.size(), static_cast<std::size_t>(writes));
+    }
 }
 
 TEST_F(BoardTest, LoadingAfterAnIncompleteReadAsksNothing)
@@ -179,19 +151,6 @@ TEST_F(BoardTest, AFailedWriteStaysMarked)
     board_->LoadConfiguration();
     EXPECT_EQ(Writes(), Ids{0x22});
     EXPECT_EQ(Status(), "1 register written, none failed.");
-}
-
-TEST_F(BoardTest, ASingleRegisterIsReadAlone)
-{
-    StartBesideWizard();
-    usb_->memory[{0x451, 0x24}] = One(0x42);
-    board_->ReadSingleRegister("R4");
-    EXPECT_EQ(Reads(), Ids{0x24});
-    EXPECT_EQ(Register("R4").value(), 0x42);
-    EXPECT_EQ(view_.shownWhole, 2);
-    EXPECT_EQ(journal_, Names{"wizard: UpdateUI 1 R4"});
-    EXPECT_EQ(screen_.progress, Names()); // no run
-    EXPECT_THROW(board_->ReadSingleRegister("R99"), Error);
 }
 
 }
