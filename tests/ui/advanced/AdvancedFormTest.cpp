@@ -10,30 +10,6 @@ const std::string kQuestion = "Save  file before closing"; // no file is open
 
 }
 
-TEST_F(AdvancedFormTest, ShowsItsMenusAndWaitsForAProduct)
-{
-    Start();
-    EXPECT_EQ(form_.windowTitle(), "Tarvex");
-    EXPECT_EQ(Status(), "Select a product or Open File");
-    const std::pair<const char*, QStringList> kMenus[] = {
-        {"File", {"Open", "Save", "Save As", "", "Quit"}},
-        {"Product",
-         {"Vexlon", "Vexlon-Fx_Channel1", "Vexlon-Fx_Channel2", "Vexlon-Fx_Channel3", "Kestra-Fx", "Cendra", "Ossary",
-          "Ossary-Plus"}},
-        {"Options", {"&Preferences", "Serial Settings"}},
-        {"PreferenceMenu", {"AutoLoad on File Open", "AutoConnect"}},
-        {"Communication", {"Select Product"}}};
-    for (const auto& [menu, captions] : kMenus) {
-        QStringList shown;
-        for (const QAction* entry : Find<QMenu>(menu).actions())
-            shown << entry->text();
-        EXPECT_EQ(shown, captions) << menu;
-    }
-    EXPECT_FALSE(Entry("SerialPortSettings").isVisible());
-    for (const char* button : {"BTN_Read", "BTN_Load"})
-        EXPECT_FALSE(Find<QPushButton>(button).isEnabled());
-}
-
 TEST_F(AdvancedFormTest, NothingIsChosenOrClosedInTheMiddleOfATransfer)
 {
     StartWith("Vexlon");

@@ -1,15 +1,18 @@
+#include "model/RegisterObject.h"
+#include "support/FakeDevice.h"
+#include "support/FakeErrorLog.h"
+#include "ui/advanced/RegisterTransfer.h"
 #include "ui/advanced_rules/BoardFixture.h"
 
-namespace tarvex {
+#include <gtest/gtest.h>
 
+namespace tarvex {
 namespace {
 
 const std::string kResendAll = "No register data to write, application is in sync with device.  Resend all anyway?";
 const std::string kReadAgain = "Not every register could be read. Read the configuration again.";
 
 Bytes One(std::uint8_t value) { return {value}; }
-
-}
 
 TEST_F(BoardTest, RealTimeUpdateRestsWhileTheBoardIsRead)
 {
@@ -79,21 +82,6 @@ TEST_F(BoardTest, ARunStopsAfterMoreThanFiveFailures)
     EXPECT_EQ(Status(), "3 registers read, 5 failed.");
 }
 
-TEST_F(BoardTest, EscapeEndsAReadBetweenTwoRegisters)
-{
-    StartWithVexlon();
-    usb_->memory[{0x451, 0x22}] = One(0x5A);
-    wait_.onBreathe = [this] { wait_.cancelled = Reads().size() == 3; };
-    board_->ReadConfiguration();
-    EXPECT_EQ(Reads(), (Ids{0x20, 0x21, 0x22}));
-    EXPECT_EQ(Register("R2").value(), 0x5A);
-    EXPECT_EQ(view_.shownWhole, 2);
-    EXPECT_EQ(screen_.progress.back(), "hide");
-    EXPECT_EQ(Status(), "3 registers read, none failed. Cancelled with Escape.");
-    board_->LoadConfiguration();
-    EXPECT_EQ(Status(), kReadAgain);
-}
-
 TEST_F(BoardTest, LoadingWritesExactlyTheEditedRegistersAndAsksWhenThereAreNone)
 {
     StartBesideWizard();
@@ -153,4 +141,75 @@ TEST_F(BoardTest, AFailedWriteStaysMarked)
     EXPECT_EQ(Status(), "1 register written, none failed.");
 }
 
+TEST_F(BoardTest, ARefusedValueIsPutBack)
+{
+    StartWithVexlon();
+    view_.realTime = true;
+    board_->EditRegister("R1", 0x3C);
+    usb_->transfers.clear();
+    view_.shownRows.clear();
+    view_.echo = [this] { board_->EditRegister("R1", 256); };
+    for (const std::int32_t value : {256, -1}) {
+        board_->EditRegister("R1", value);
+        EXPECT_EQ(Register("R1").value(), 0x3C);
+    }
+    EXPECT_EQ(view_.shownRows, (std::vector<std::int16_t>{1, 1}));
+    EXPECT_EQ(errors_.entries.size(), 2U);
+    EXPECT_EQ(usb_->transfers.size(), 0U);
+}
+
+TEST_F(BoardTest, RealTimeEditsAreWrittenAtOnce)
+{
+    StartBesideWizard();
+    view_.realTime = true;
+    board_->EditRegister("R3", 0x3C);
+    EXPECT_EQ(Writes(), Ids{0x23});
+    EXPECT_EQ(Changed(), Names());
+    EXPECT_EQ(journal_, Names{"wizard: UpdateUI 1 R3"});
+    EXPECT_TRUE(board_->IsModified()); // the file does not have it
+
+    board_->EditRegister("R3", 0x3C);
+    EXPECT_EQ(Writes(), (Ids{0x23, 0x23})); // the only view writes a value again
+    board_->SetAsSecondaryView(true);
+    board_->EditRegister("R3", 0x3C);
+    EXPECT_EQ(Writes().size(), 2U); // a second one only reports what it was told
+    board_->EditRegister("R3", 0x3D);
+    EXPECT_EQ(Writes().size(), 3U);
+}
+
+TEST(RegisterTransfer, TakesFailuresFromTheCountsOfTheLinkAndOfWhatDepends)
+{
+    FakeDevice device;
+    TransferCounts counts{3, 0};                                // of earlier runs
+    device.onTransfer = [&](const FakeDevice::Transfer& each) { // as real links report
+        ++(device.mute.contains({1, each.parameterId}) ? counts.failures : counts.successes);
+    };
+    FakeErrorLog errors;
+    std::vector<std::shared_ptr<RegisterObject>> registers;
+    for (std::int32_t id = 0; id < 4; ++id) {
+        registers.push_back(std::make_shared<RegisterObject>());
+        registers.back()->Init(1, id, 8, 8, "R" + std::to_string(id), "");
+    }
+    registers[2]->AddDependency(registers[1]);
+    registers[1]->AddDependency(registers[2]); // a circle
+    registers[1]->value(5);
+    registers[3]->value(6);
+    const auto expect = [&](const TransferResult& result, int done, int failed, const std::string& marks) {
+        EXPECT_EQ(result.done, done);
+        EXPECT_EQ(result.failed, failed);
+        std::string left;
+        for (const auto& object : registers)
+            left += object->IsDirty() ? '*' : '-';
+        EXPECT_EQ(left, marks);
+    };
+    RegisterTransfer transfer(device, counts, errors);
+    device.mute = {{1, 1}};
+    expect(transfer.Read(registers), 2, 2, "-*--");
+    expect(transfer.Write(registers), 2, 2, "-**-"); // the value of either may not have arrived
+    device.mute.clear();
+    expect(transfer.Write(registers), 4, 0, "----");
+    registers[1]->ClearDependencies(); // or the circle keeps itself alive
+}
+
+}
 }

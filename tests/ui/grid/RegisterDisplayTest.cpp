@@ -89,19 +89,6 @@ TEST_F(RegisterDisplayTest, FillsOnlyTheRowsThatComeIntoView)
     EXPECT_TRUE(told.empty());
 }
 
-TEST_F(RegisterDisplayTest, HidesRowsBeyondTheLastRegisterAndRefusesOtherPositions)
-{
-    Fill(20);
-    Scroll(18);
-    ExpectShown(18, 2);
-    EXPECT_THROW(Scroll(20), Error);
-    EXPECT_THROW(Scroll(-1), Error);
-    EXPECT_THROW(display.SetRegister(20, "x", "", 0), Error);
-    ExpectShown(18, 2);
-    Scroll(0);
-    ExpectShown(0, 16);
-}
-
 TEST_F(RegisterDisplayTest, TellsWhatTheUserChangedOnceAndKeepsItInTheItem)
 {
     Fill(40);
