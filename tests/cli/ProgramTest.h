@@ -25,7 +25,7 @@ protected:
     {
         const std::filesystem::path place = folder.File("program");
         std::filesystem::create_directory(place);
-        std::filesystem::copy_file(TARVEX_PROGRAM, place / "tarvex", std::filesystem::copy_options::overwrite_existing);
+        std::filesystem::copy_file(TARVEX_PROGRAM, place / "tarvex");
         if (!initFile.empty())
             folder.Write("program/Tarvex.xml", initFile);
         return {place / "tarvex", std::move(switches), folder.path, {}, {}};

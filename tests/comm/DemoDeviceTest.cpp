@@ -39,16 +39,6 @@ TEST_F(DemoDeviceTest, KeepsWhatIsWrittenAndGrowsAround)
     EXPECT_EQ(Read(19, 101), Bytes{7});
 }
 
-TEST_F(DemoDeviceTest, RefusedWriteHasGrownTheMemory)
-{
-    ExpectError([&] { Write(5, 3, Bytes(5)); }, 10, "Function:BytesToLong",
-                "5 bytes is too many to convert to long, max is 4");
-    ExpectError([&] { Write(5, 4, {}); }, kErrTypeMismatch);
-    EXPECT_EQ(Read(5, 3), Bytes{128});
-    Write(5, 3, Bytes(4, 0xFF));
-    ExpectError([&] { Read(5, 3); }, 10, "Function:LongToBytes");
-}
-
 TEST_F(DemoDeviceTest, RefusesPlacesOutsideItsMemory)
 {
     const struct {
@@ -67,20 +57,6 @@ TEST_F(DemoDeviceTest, RefusesPlacesOutsideItsMemory)
             ExpectError([&] { Read(c.base, c.parameter); }, kErrSubscript);
         }
     }
-}
-
-TEST_F(DemoDeviceTest, ConnectsByAnyWayAndNamesItself)
-{
-    EXPECT_EQ(device.connect(0xA51, 0x12C5), 1);
-    EXPECT_EQ(device.Disconnect(), 0);
-    EXPECT_FALSE(device.IsConnected());
-    EXPECT_EQ(device.ConnectToPath("Vexlon"), 0);
-    EXPECT_TRUE(device.IsConnected());
-    EXPECT_EQ(device.ConnectToPath("Vexlon (0x0A51)"), 1);
-    prompts.ExpectBrowse();
-    EXPECT_EQ(device.Browse(), "");
-    EXPECT_EQ(device.productName() + device.DeviceType(), "Demo device has no nameDemo device");
-    EXPECT_EQ(device.FirmwareVersion(), "v0.0");
 }
 
 }

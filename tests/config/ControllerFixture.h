@@ -1,6 +1,5 @@
 #pragma once
 
-#include "config/IProgress.h"
 #include "config/TarvexController.h"
 #include "config/TarvexData.h"
 #include "model/RegisterObject.h"
@@ -8,30 +7,11 @@
 #include "support/ExpectError.h"
 #include "support/FakeErrorLog.h"
 #include "support/FakeFileSystem.h"
+#include "support/FakeProgress.h"
 #include "support/InitFileBuilder.h"
 #include "support/ScriptedPrompts.h"
 
-#include <gtest/gtest.h>
-#include <memory>
-#include <string>
-#include <vector>
-
 namespace tarvex {
-
-/// Notes progress and status in one list, so that their order shows.
-class ProgressNotes : public IProgress, public IStatusLine {
-public:
-    void DisplayStatusMessage(const std::string& text) override { notes.push_back(text); }
-    std::vector<std::string> notes;
-
-private:
-    void IProgress_SetRange(std::int32_t steps, std::int32_t start) override
-    {
-        notes.push_back("range " + std::to_string(steps) + " from " + std::to_string(start));
-    }
-    void IProgress_TickProgress(std::int32_t steps) override { notes.push_back("tick " + std::to_string(steps)); }
-    void IProgress_Show(bool) override { notes.push_back("show"); }
-};
 
 /// A controller on files in memory.
 class ControllerTest : public testing::Test {
@@ -72,7 +52,7 @@ protected:
     FakeFileSystem files;
     FakeErrorLog log;
     ScriptedPrompts prompts;
-    ProgressNotes window;
+    FakeProgress window;
     std::shared_ptr<TarvexData> initFile;
     TarvexController controller{state, files, log, prompts, window, window};
     std::shared_ptr<RegisterObject> kept;

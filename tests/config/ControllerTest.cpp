@@ -1,101 +1,12 @@
 #include "config/ControllerFixture.h"
+#include "model/Bitset.h"
 #include "support/FakeDevice.h"
+
+#include <fstream>
+#include <set>
 
 namespace tarvex {
 namespace {
-
-using Names = std::vector<std::string>;
-
-/// Two components; the first has the options "Copper" and "Fibre".
-std::string TwoFamilies()
-{
-    InitFileBuilder first;
-    first.links = InitFileBuilder::LinkXml("USB-HID Device", "NVSignalProcessing") +
-                  InitFileBuilder::LinkXml("Ethernet", "NVControl") +
-                  InitFileBuilder::LinkXml("Demo", "NVSignalProcessing");
-    InitFileBuilder second;
-    second.component = "Second";
-    second.device = "Boarding House";
-    std::string text = first.Text(second.Component());
-    const std::string option = Xml("Fibre", Xml("ProductDescription", Xml("Name", "Light") + first.identity));
-    return text.insert(text.find("</Option>"), option);
-}
-
-TEST_F(ControllerTest, RefusesToWorkWithoutAnInitFile)
-{
-    ExpectError([&] { controller.Init(nullptr); }, ObjectError(6), "TarvexController::Init", "Invalid init TarvexData");
-    ExpectError([&] { controller.GetDeviceNames(kAllOptions, ""); }, ObjectError(6), "TarvexController::GetDeviceNames",
-                "No Functional Components found in the init file");
-}
-
-TEST_F(ControllerTest, ListsDevicesOnceUntilTheNextInit)
-{
-    Use(TwoFamilies());
-    std::vector<Names> raised;
-    const auto subscription =
-        controller.DeviceNamesChanged.Subscribe([&](const Names& names) { raised.push_back(names); });
-    const Names all = {"Board", "Light", "Boarding House"};
-    EXPECT_EQ(controller.GetDeviceNames(kAllOptions, "whatever"), all);
-    EXPECT_EQ(controller.GetDeviceNames("Fibre", kRegisterProtocol), all) << "read once";
-    EXPECT_EQ(raised, std::vector<Names>{all});
-    EXPECT_EQ(controller.GetComponentProductNames(), all);
-    controller.Init(initFile);
-    EXPECT_EQ(controller.GetDeviceNames("Fibre", kRegisterProtocol), Names{"Light"});
-    controller.Init(initFile);
-    ExpectError([&] { controller.GetDeviceNames("Gold", ""); }, ObjectError(6), "TarvexController::GetDeviceNames",
-                "No boards with the option Gold were found in the init file");
-    EXPECT_EQ(raised.size(), 2U);
-}
-
-TEST_F(ControllerTest, HoldsTheTreeOfTheInitFileOnlyUntilTheDeviceIsThere)
-{
-    Use(InitFileBuilder().Text());
-    const std::weak_ptr<const XmlDocument> tree = initFile->Tree();
-    bool isThere = false;
-    const auto subscription = controller.CurrentProductChanged.Subscribe(
-        [&](std::int32_t, std::int32_t, const std::string&) { isThere = !tree.expired(); });
-    ASSERT_TRUE(controller.InitDevice("Board"));
-    EXPECT_TRUE(isThere) << "for those who hear of the product";
-    EXPECT_TRUE(tree.expired());
-}
-
-TEST_F(ControllerTest, KnowsLinksAndComponents)
-{
-    Use(TwoFamilies());
-    EXPECT_EQ(controller.GetCommLinkNames("Board"), (Names{"USB-HID Device", "Demo"}));
-    ExpectError([&] { controller.GetCommLinkNames("Light"); }, ObjectError(9), "TarvexController::GetCommLinkNames",
-                "Unable to find comm links for Light");
-    EXPECT_EQ(controller.GetComponentName("Light"), "Family");
-    EXPECT_EQ(controller.GetComponentName("Boarding House"), "Second");
-}
-
-TEST_F(ControllerTest, SaysWhichDeviceItInitialized)
-{
-    UseBoard();
-    std::vector<std::string> raised;
-    const auto subscription =
-        controller.CurrentProductChanged.Subscribe([&](std::int32_t vid, std::int32_t pid, const std::string& name) {
-            raised.push_back(std::to_string(vid) + " " + std::to_string(pid) + " " + name);
-        });
-    EXPECT_FALSE(controller.InitDevice("board"));
-    EXPECT_TRUE(raised.empty());
-    ExpectBoardUntouched();
-    EXPECT_TRUE(controller.InitDevice("Board"));
-    EXPECT_EQ(raised, Names{"4805 2641 Board"});
-    EXPECT_NE(controller.GetI2CRegister(0), kept);
-}
-
-TEST_F(ControllerTest, ConnectsToTheFirstDeviceThatTheAnswerNames)
-{
-    Use(TwoFamilies());
-    controller.GetDeviceNames(kAllOptions, kRegisterProtocol);
-    FakeDevice device;
-    device.name = "The BOARDING machine"; // the first six letters of "Boarding House"; "Board" stands before it
-    EXPECT_TRUE(controller.ConnectDevice("path", device));
-    EXPECT_EQ(controller.deviceName(), "Board");
-    device.canConnect = false;
-    EXPECT_FALSE(controller.ConnectDevice("path", device));
-}
 
 TEST_F(ControllerTest, LetsGoOfABoardThatTheFileDoesNotKnow)
 {
@@ -124,6 +35,121 @@ TEST_F(ControllerTest, SaysWhenAConnectedDeviceCannotBeInitialized)
     ASSERT_EQ(log.entries.size(), 1U);
     EXPECT_EQ(log.entries[0].description, "Invalid syntax in initialization file /tmp/Tarvex.xml");
     ExpectBoardUntouched();
+}
+
+TEST_F(ControllerTest, TransfersEveryRegisterUntilTheLinkFails)
+{
+    UseBoard();
+    FakeDevice device;
+    device.memory[{0x451, 0x20}] = {5};
+    EXPECT_TRUE(controller.ReadI2CRegister(device, "Gain", 7));
+    EXPECT_EQ(device.transfers, (std::vector<FakeDevice::Transfer>{{FakeDevice::Kind::Read, 0x451, 0x20, {5}, 7}}));
+    EXPECT_EQ(kept->value(), 5);
+    ExpectError([&] { controller.ReadI2CRegister(device, "gain"); }, kErrInvalidCall);
+    ExpectError([&] { controller.ReadPropertyByName(device, "gain"); }, 502);
+    device.onTransfer = [&](const auto&) { controller.InitDevice("Board"); }; // ends on those it began with
+    controller.WriteI2CRegister(device, "");
+    EXPECT_EQ(device.Parameters(FakeDevice::Kind::Write), (std::vector<std::int32_t>{0x20, 0x21}));
+    EXPECT_EQ(window.progress, (std::vector<std::string>{"tick 1", "0 of 2", "tick 1", "tick 1"}));
+    device.raiseAt.emplace(FakeDevice::Place{0x451, 0x20}, Error(303, "link", "not connected"));
+    ExpectError([&] { controller.ReadI2CRegister(device, ""); }, 303);
+    EXPECT_EQ(device.transfers.size(), 3U);
+}
+
+TEST(TarvexData, OpensWhatIsWellFormedNewEnoughAndOfTheVendor)
+{
+    ProgramState state;
+    FakeFileSystem files;
+    TarvexData data(state, files);
+    EXPECT_FALSE(data.InitToRead("/f.xml"));
+    files.files["/f.xml"] = "<SignalTarvex version=\"2.5.0\">";
+    ExpectError([&] { data.InitToRead("/f.xml"); }, 403, "TarvexData::OpenXMLFile",
+                "Failed to open /f.xml-line 1, column 31: the document ends inside an element");
+    const struct {
+        const char* version;
+        const char* vid;
+        bool opens;
+        bool isOurs;
+    } kCases[] = {{"2.3.9", "12C5", false, false},
+                  {"new", "12C5", false, false},
+                  {"2.4.0", "12c5", true, true},
+                  {"2.4.0", "012C5", true, false},
+                  {"2.4.10", "4805", true, false}};
+    for (const auto& each : kCases) {
+        InitFileBuilder file;
+        file.version = each.version;
+        file.vid = each.vid;
+        files.files["/f.xml"] = file.Text();
+        data.CloseFile();
+        ExpectError([&] { data.VendorID(); }, 1000, "TarvexData", "TarvexData must be initialized before use.");
+        EXPECT_EQ(data.InitToRead("/f.xml"), each.opens) << each.version;
+        if (each.isOurs)
+            EXPECT_TRUE(data.CheckVendorID(0x12C5)) << each.vid;
+        else if (each.opens)
+            ExpectError([&] { data.CheckVendorID(0x12C5); }, 1001, "TarvexData::CheckVendorID",
+                        "Supplied vendorID parameter does not match the VID in /f.xml");
+    }
+}
+
+TEST_F(ControllerTest, InitializesEveryShippedDeviceWithDistinctRegisterPlaces)
+{
+    std::ifstream file(TARVEX_SHARE "/Tarvex.xml");
+    Use({std::istreambuf_iterator<char>(file), {}});
+    EXPECT_TRUE(initFile->CheckVendorID(0x12C5));
+    const auto names = controller.GetDeviceNames(kAllOptions, kRegisterProtocol);
+    EXPECT_EQ(names.size(), 8U);
+    for (const std::string& name : names) {
+        ASSERT_TRUE(controller.InitDevice(name)) << name;
+        EXPECT_GT(controller.GetPropertyCount(), 0) << name;
+        std::set<std::pair<std::int32_t, std::int32_t>> places;
+        for (std::int16_t i = 0; i < controller.GetI2CRegisterCount(); ++i) {
+            const auto each = controller.GetI2CRegister(i);
+            EXPECT_TRUE(places.emplace(each->BaseAddress(), each->Address()).second) << name << " " << each->Name();
+        }
+    }
+    EXPECT_EQ(controller.GetCommLinkNames("Vexlon"), (std::vector<std::string>{"USB-HID Device", "Demo"}));
+    for (const int id : {0xC4A0, 0xC4B2})
+        EXPECT_EQ(initFile->GetProduct(id, 1)->Name(), "Cendra") << id;
+}
+
+TEST_F(ControllerTest, BuildsRegistersAsTheFileSays)
+{
+    InitFileBuilder file;
+    file.registers =
+        RegisterXml("Gain", "2A",
+                    Xml("Description", " two words ") + Xml("Default", "A5") + BitsXml("ReadOnly", "4:7", "State") +
+                        BitsXml("Reserved", "0") + BitsXml("WriteOnly", "1") + BitsXml("ReadWrite", "2", "") +
+                        BitsXml("readwrite", "3", "x")) +
+        RegisterXml("Offset", "21", Xml("Default", ""));
+    file.moreLists = Xml("RegisterList baseAddress=\"00C4\" description=\"Second\"", RegisterXml("Plain", "7FFFFFFF"));
+    UseBoard(file);
+    const RegisterObject& gain = *controller.GetI2CRegister(0);
+    EXPECT_EQ(gain.Description(), " two words ");
+    EXPECT_EQ(gain.BaseAddress(), 0x0451);
+    EXPECT_EQ(gain.Address(), 0x2A);
+    EXPECT_EQ(gain.value(), 0xA5);
+    const std::int16_t flags[] = {128, 4, 2, 0, 1, 1, 1, 1};
+    const char* descriptions[] = {"", "", "", "x", "State", "State", "State", "State"};
+    for (std::int16_t bit = 0; bit < 8; ++bit) {
+        EXPECT_EQ(gain.GetBitFlags(bit), flags[bit]) << bit;
+        EXPECT_EQ(gain.GetBitDescription(bit), descriptions[bit]) << bit;
+    }
+    EXPECT_EQ(controller.GetI2CRegister(2)->BaseAddress(), 0xC4);
+    EXPECT_EQ(controller.GetI2CRegister(2)->Address(), 0x7FFFFFFF);
+}
+
+TEST_F(ControllerTest, BuildsPropertiesAsTheFileSays)
+{
+    InitFileBuilder file;
+    file.properties = PropertyXml("Size", Xml("UI", "Range") + Xml("Prompt", "First?") + FieldXml("LSB", "Offset") +
+                                              Xml("Prompt", "Second?") + FieldXml("MSB", "Gain", "1,4:7"));
+    UseBoard(file);
+    const auto size = controller.GetPropertyByName("Size");
+    EXPECT_EQ(size->WidgetType(), "Range");
+    EXPECT_EQ(size->Prompts(), (std::vector<std::string>{"First?", "Second?"}));
+    EXPECT_EQ(size->GetBitset(0)->ParentRegister(), "Offset");
+    EXPECT_EQ(controller.GetPropertyBitsetByName("Size", "MSB")->GetBitParentIndex(1), 4);
+    ExpectError([&] { size->GetBitset(2); }, 501, "class TarvexProperty", "Index was out of range.");
 }
 
 }

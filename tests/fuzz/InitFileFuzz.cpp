@@ -2,13 +2,13 @@
 
 #include "base/Error.h"
 #include "comm/DemoDevice.h"
-#include "config/IProgress.h"
 #include "config/TarvexController.h"
 #include "config/TarvexData.h"
 #include "model/RegisterObject.h"
 #include "model/TarvexProperty.h"
 #include "support/FakeErrorLog.h"
 #include "support/FakeFileSystem.h"
+#include "support/FakeProgress.h"
 
 #include <string>
 #include <string_view>
@@ -34,16 +34,6 @@ public:
     void OpenInEditor(const std::string&) override {}
     void Beep() override {}
     void SetBusyPointer(bool) override {}
-};
-
-class NoProgress : public IProgress, public IStatusLine {
-public:
-    void DisplayStatusMessage(const std::string&) override {}
-
-private:
-    void IProgress_SetRange(std::int32_t, std::int32_t) override {}
-    void IProgress_TickProgress(std::int32_t) override {}
-    void IProgress_Show(bool) override {}
 };
 
 /// Reads one file as the program would: as its init file and as a data file. Anything but an Error that gets out of an
@@ -119,7 +109,7 @@ private:
     FakeFileSystem files_;
     FakeErrorLog errorLog_;
     ClosedPrompts prompts_;
-    NoProgress progress_;
+    FakeProgress progress_;
     DemoDevice device_{prompts_};
     std::shared_ptr<TarvexData> initFile_ = std::make_shared<TarvexData>(state_, files_);
     TarvexController controller_{state_, files_, errorLog_, prompts_, progress_, progress_};

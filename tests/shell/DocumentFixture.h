@@ -1,47 +1,36 @@
 #pragma once
 
-#include "shell/Document.h"
-
-#include "support/ExitCode.h"
-#include "support/FakeClock.h"
-#include "support/FakeDevice.h"
-#include "support/FakeErrorLog.h"
-#include "support/FakeFileSystem.h"
-#include "support/FakeMainView.h"
-#include "support/FakeWizardView.h"
-#include "support/InitFileBuilder.h"
-#include "support/ScriptedPrompts.h"
-
 #include "base/Numbers.h"
-
-#include <gtest/gtest.h>
+#include "support/DocumentFakes.h"
+#include "support/ExitCode.h"
+#include "support/FakeDevice.h"
+#include "support/FakeMainView.h"
 
 namespace tarvex {
 
 /// A link that writes down when it is made, connected, disconnected and gone.
 class FakeLink : public FakeDevice {
 public:
-    FakeLink(const std::string& linkType, bool answers, std::vector<std::string>& journal) : journal_(journal)
+    FakeLink(const std::string& linkType, std::vector<std::string>& journal) : journal_(journal)
     {
         type = linkType;
-        connected = false;
-        canConnect = answers;
         Note("made");
     }
     ~FakeLink() override { Note("gone"); }
+
+    bool failsToClose = false;
 
 private:
     std::int32_t IDevice_connect(std::int32_t pid, std::int32_t vid) override
     {
         Note("connect " + ToHex(pid) + " " + ToHex(vid));
-        connected = canConnect;
-        return connected ? 1 : 0;
+        return 1;
     }
     std::int32_t IDevice_Disconnect() override
     {
         Note("Disconnect");
-        if (raise)
-            throw Error(*raise);
+        if (failsToClose)
+            Raise(1, "FakeLink::Disconnect", "stuck");
         return 0;
     }
 
@@ -66,16 +55,11 @@ inline std::string InitFileText(const std::vector<std::string>& names, const std
 }
 
 /// A document among fakes, which all write into one journal.
-class DocumentTest : public testing::Test {
+class DocumentTest : public testing::Test, protected DocumentFakes {
 protected:
     DocumentTest()
     {
-        state_.programFolder = "/prog";
-        state_.programFileName = "tarvex";
-        state_.rootFolder = "/root";
-        state_.instanceHandle = 42;
-        files_.files["/prog/Tarvex.xml"] =
-            InitFileText({"Vexlon", "Vexlon-Fx_Channel1", "Kestra-Fx", "Cendra", "Ossary", "Ossary-Plus"});
+        InitFile() = InitFileText({"Vexlon", "Vexlon-Fx_Channel1", "Kestra-Fx", "Cendra", "Ossary", "Ossary-Plus"});
         services_.links = {{"Demo", LinkMaker("Demo device")},
                            {"USB-HID Device", LinkMaker("USB-HID Device")},
                            {"SerialZorbus", LinkMaker("SerialZorbus")}};
@@ -86,18 +70,7 @@ protected:
 
     std::function<std::shared_ptr<IDevice>()> LinkMaker(const std::string& type)
     {
-        return [this, type] { return std::make_shared<FakeLink>(type, linksAnswer_, journal_); };
-    }
-
-    std::function<std::unique_ptr<IWizardView>()> WizardMaker(const std::string& label)
-    {
-        return [this, label] {
-            listener_ = document_->controller().CurrentProductChanged.Subscribe(
-                [this](std::int32_t, std::int32_t, const std::string& name) {
-                    journal_.push_back("controller: " + name + " with minimum " + state_.g_minInitVersion);
-                });
-            return std::make_unique<FakeWizardView>(label, script_);
-        };
+        return [this, type] { return std::make_shared<FakeLink>(type, journal_); };
     }
 
     /// Makes a document and runs it; the code with which it ended the program, or none.
@@ -111,20 +84,8 @@ protected:
     /// What was written down since the last time.
     std::vector<std::string> TakeJournal() { return std::exchange(journal_, {}); }
 
-    FakeFileSystem files_;
-    FakeErrorLog errors_;
-    FakeClock clock_;
-    PacketLog packetLog_{files_, clock_};
-    ScriptedPrompts prompts_;
-    Preferences preferences_;
-    ProgramState state_;
-    std::vector<std::string> journal_;
     FakeMainView mainView_{journal_};
-    FakeWizardScript script_{journal_};
-    bool linksAnswer_ = true;
-    DocumentServices services_{state_, files_, errors_, packetLog_, prompts_, preferences_, {}, {}, {}, {}};
     std::unique_ptr<Document> document_;
-    Subscription listener_;
 };
 
 using Lines = std::vector<std::string>;

@@ -3,7 +3,6 @@
 #include "base/Error.h"
 #include "comm/api/IDevice.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <map>
@@ -34,18 +33,18 @@ public:
     };
 
     // What it answers.
-    std::map<Place, Bytes> memory;                   ///< a register that is not in it reads as zeros
-    std::set<Place> mute;                            ///< reads deliver nothing, writes are lost
-    std::size_t surplus = 0;                         ///< bytes of FF that a read delivers beyond those asked for
-    std::optional<std::size_t> deliver;              ///< a read delivers at most so many bytes
-    std::optional<Error> raise;                      ///< every transfer raises it
-    std::map<Place, Error> raiseAt;                  ///< transfers of one register raise it
-    std::function<void(const Transfer&)> onTransfer; ///< called at the end of each transfer, as a link's events are
+    std::map<Place, Bytes> memory;      ///< a register that is not in it reads as zeros
+    std::set<Place> mute;               ///< reads deliver nothing, writes are lost
+    std::optional<std::size_t> deliver; ///< a read delivers so many bytes, FF beyond those asked for
+    std::map<Place, Error> raiseAt;     ///< transfers of one register raise it
+    std::function<void(const Transfer&)> onTransfer = [](const Transfer&) {
+    }; ///< at the end of each, as a link's events
     std::string name = "Fake device";
     std::string type = "Fake device";
     std::string browseAnswer;
     bool connected = true;
     bool canConnect = true;
+    bool foundByIds = true; ///< or by its path only
     bool verifies = true;
 
     // What it saw.
@@ -77,7 +76,7 @@ private:
         const Place place{baseAddress, parameterId};
         RaiseAsAsked(place);
         Bytes bytes(data.begin(), data.begin() + byteCount);
-        if (!IsMute(place))
+        if (!mute.contains(place))
             memory[place] = bytes;
         Record({Kind::Write, baseAddress, parameterId, std::move(bytes), aspi});
     }
@@ -87,44 +86,36 @@ private:
     {
         const Place place{baseAddress, parameterId};
         RaiseAsAsked(place);
-        const Bytes bytes = IsMute(place) ? Bytes{} : Answer(place, static_cast<std::size_t>(byteCount));
+        const Bytes bytes = mute.contains(place) ? Bytes{} : Answer(place, static_cast<std::size_t>(byteCount));
         byteCount = static_cast<std::int16_t>(bytes.size());
         Record({Kind::Read, baseAddress, parameterId, bytes, aspi});
         return bytes;
     }
 
-    std::int32_t IDevice_connect(std::int32_t, std::int32_t) override { return Connect("connect"); }
-    std::int32_t IDevice_ConnectToPath(const std::string&) override { return Connect("ConnectToPath"); }
+    std::int32_t IDevice_connect(std::int32_t, std::int32_t) override { return Connect("connect", foundByIds); }
+    std::int32_t IDevice_ConnectToPath(const std::string&) override { return Connect("ConnectToPath", true); }
     std::int32_t IDevice_Disconnect() override
     {
         calls.emplace_back("Disconnect");
         connected = false;
         return 0;
     }
-    std::string IDevice_Browse() override
-    {
-        calls.emplace_back("Browse");
-        return browseAnswer;
-    }
+    std::string IDevice_Browse() override { return browseAnswer; }
     bool IDevice_VerifyCommunications(std::int32_t, std::int32_t) override
     {
         calls.emplace_back("VerifyCommunications");
         return verifies;
     }
 
-    std::int32_t Connect(const char* operation)
+    std::int32_t Connect(const char* operation, bool isFound)
     {
         calls.emplace_back(operation);
-        connected = canConnect;
+        connected = canConnect && isFound;
         return connected ? 1 : 0;
     }
 
-    bool IsMute(const Place& place) const { return mute.contains(place); }
-
     void RaiseAsAsked(const Place& place) const
     {
-        if (raise)
-            throw Error(*raise);
         if (const auto found = raiseAt.find(place); found != raiseAt.end())
             throw Error(found->second);
     }
@@ -133,16 +124,15 @@ private:
     {
         const auto found = memory.find(place);
         Bytes bytes = found == memory.end() ? Bytes{} : found->second;
-        bytes.resize(std::min(wanted, deliver.value_or(wanted)));
-        bytes.insert(bytes.end(), surplus, 0xFF);
+        bytes.resize(wanted);
+        bytes.resize(deliver.value_or(wanted), 0xFF);
         return bytes;
     }
 
-    void Record(Transfer transfer)
+    void Record(const Transfer& transfer)
     {
-        transfers.push_back(std::move(transfer));
-        if (onTransfer)
-            onTransfer(Transfer(transfers.back()));
+        transfers.push_back(transfer);
+        onTransfer(transfer);
     }
 };
 

@@ -3,7 +3,6 @@
 #include "base/Error.h"
 #include "base/IErrorLog.h"
 
-#include <exception>
 #include <string>
 #include <vector>
 
@@ -29,10 +28,8 @@ public:
             throw;
         } catch (const Error& error) {
             LogError(error.Description(), error.Number(), error.Source());
-        } catch (const std::exception& error) {
-            LogError(error.what(), 0, "");
         } catch (...) {
-            LogError("unknown", 0, "");
+            LogError("not an Error", 0, "");
         }
     }
 

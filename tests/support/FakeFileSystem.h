@@ -9,7 +9,9 @@
 
 namespace tarvex {
 
-/// Files in memory. Folders need not be made; those that are get noted.
+enum class FileOperation { CopyToWorkingFile, OpenText };
+
+/// Files in memory. Folders need not be made. Chosen operations fail, each the way it says.
 class FakeFileSystem : public IFileSystem {
 public:
     bool FileExists(const std::string& path) override { return files.contains(path); }
@@ -28,11 +30,12 @@ public:
 
     bool CopyToWorkingFile(const std::string& source, const std::string& target) override
     {
-        const std::string& content = Find(source, "FakeFileSystem::CopyToWorkingFile");
-        if (source == target)
-            return false;
-        files[target] = content;
-        return true;
+        if (failing.contains(FileOperation::CopyToWorkingFile))
+            Raise(ObjectError(1), "FakeFileSystem::CopyToWorkingFile", "No space left on device");
+        const std::string& content = Find(source);
+        if (source != target)
+            files[target] = content;
+        return source != target;
     }
 
     bool Remove(const std::string& path) noexcept override { return files.erase(path) != 0; }
@@ -48,30 +51,27 @@ public:
 
     std::string ReadWholeFile(const std::string& path, std::size_t limit) override
     {
-        const std::string& content = Find(path, "FakeFileSystem::ReadWholeFile");
-        if (content.size() > limit)
+        if (Find(path).size() > limit)
             Raise(ObjectError(1), "FakeFileSystem::ReadWholeFile", "File too large");
-        return content;
+        return files[path];
     }
 
     void ReplaceFile(const std::string& path, std::string_view content) override { files[path] = content; }
 
     std::unique_ptr<ITextStream> OpenText(const std::string& path, OpenMode mode) override
     {
+        if (failing.contains(FileOperation::OpenText))
+            return nullptr;
         if (mode == OpenMode::Overwrite)
             files[path].clear();
-        return std::make_unique<Stream>(files, path);
+        return std::make_unique<Stream>(files[path]);
     }
 
-    bool CreateFolder(const std::string& path) override
-    {
-        folders.insert(path);
-        return true;
-    }
+    bool CreateFolder(const std::string&) override { return true; }
 
     bool IsSameFile(const std::string& left, const std::string& right) override
     {
-        return left == right && files.contains(left);
+        return Resolve(left) == Resolve(right);
     }
 
     bool IsOwnWorkingFile(const std::string& path) override { return files.contains(path); }
@@ -79,31 +79,30 @@ public:
     bool ProcessLives(long long processId) override { return livingProcesses.contains(processId); }
 
     std::map<std::string, std::string> files; ///< content by path
-    std::set<std::string> folders;            ///< what CreateFolder made
+    std::map<std::string, std::string> links; ///< what another spelling of a path stands for
+    std::set<FileOperation> failing;
     std::set<long long> livingProcesses;
 
 private:
+    /// Lines for a file, which has to outlive it.
     class Stream : public ITextStream {
     public:
-        Stream(std::map<std::string, std::string>& files, std::string path) : files_(files), path_(std::move(path))
-        {
-            files_[path_];
-        }
-
-        void WriteLine(std::string_view line) noexcept override { files_[path_].append(line).append("\n"); }
+        explicit Stream(std::string& content) : content_(content) {}
+        void WriteLine(std::string_view line) noexcept override { content_.append(line).append("\n"); }
 
     private:
-        std::map<std::string, std::string>& files_;
-        std::string path_;
+        std::string& content_;
     };
 
-    const std::string& Find(const std::string& path, const char* operation)
+    const std::string& Find(const std::string& path) const
     {
         const auto found = files.find(path);
         if (found == files.end())
-            RaiseRuntime(kErrFileNotFound, operation);
+            RaiseRuntime(kErrFileNotFound, "FakeFileSystem::Find");
         return found->second;
     }
+
+    std::string Resolve(const std::string& path) const { return links.contains(path) ? links.at(path) : path; }
 };
 
 }

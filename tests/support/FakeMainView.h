@@ -16,17 +16,11 @@ public:
     void ShowNetworkAddress(bool visible) override { Note("ShowNetworkAddress", visible); }
     void ShowSerialSettings(bool visible) override { Note("ShowSerialSettings", visible); }
     void LayOut() override { Note("LayOut"); }
-    void SetStatusRefreshInterval(std::int32_t milliseconds) override
-    {
-        Note("SetStatusRefreshInterval " + std::to_string(milliseconds));
-    }
+    void SetStatusRefreshInterval(std::int32_t) override { Note("SetStatusRefreshInterval"); }
     void HookDeviceChanges() override { Note("HookDeviceChanges"); }
     void ApplyPreferences() override { Note("ApplyPreferences"); }
     void EnableTransfers(bool enabled) override { Note("EnableTransfers", enabled); }
-    void PrepareFileDialog(const std::string& folder, const std::string& helpFile) override
-    {
-        Note("PrepareFileDialog " + folder + " " + helpFile);
-    }
+    void PrepareFileDialog(const std::string&, const std::string&) override { Note("PrepareFileDialog"); }
     void Attach(Document* document) override { Note("Attach", document != nullptr); }
     void Init(IConfigController&, std::shared_ptr<IDevice> device) override
     {

@@ -15,17 +15,17 @@ public:
     void FillGrid() override
     {
         ++fills;
-        Echo();
+        echo();
     }
     void ShowValue(std::int16_t position) override
     {
         shownRows.push_back(position);
-        Echo();
+        echo();
     }
     void ShowAllValues() override
     {
         ++shownWhole;
-        Echo();
+        echo();
     }
     bool RealTime() const override { return realTime; }
     void RealTime(bool on) override { realTime = on; }
@@ -41,7 +41,7 @@ public:
 
     bool visible = true;
     bool realTime = false;
-    std::function<void()> echo; ///< what the grid reports while it takes new values
+    std::function<void()> echo = [] {}; ///< what the grid reports while it takes new values
     int fills = 0;
     int shownWhole = 0;
     std::vector<std::int16_t> shownRows;
@@ -51,13 +51,6 @@ public:
     std::vector<MenuChoice> products;
     std::vector<MenuChoice> links;
     std::string target;
-
-private:
-    void Echo() const
-    {
-        if (echo)
-            echo();
-    }
 };
 
 }

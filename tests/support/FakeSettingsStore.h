@@ -7,13 +7,13 @@
 
 namespace tarvex {
 
-/// Settings in memory. Can fail to read.
+/// Settings in memory.
 class FakeSettingsStore : public ISettingsStore {
 public:
     std::optional<std::string> Read(std::string_view section, std::string_view key) override
     {
         const auto found = values.find({std::string(section), std::string(key)});
-        return failsToRead || found == values.end() ? std::nullopt : std::optional(found->second);
+        return found == values.end() ? std::nullopt : std::optional(found->second);
     }
 
     void Write(std::string_view section, std::string_view key, std::string_view value) override
@@ -28,7 +28,6 @@ public:
     }
 
     std::map<std::pair<std::string, std::string>, std::string> values; ///< by section and key
-    bool failsToRead = false;
     int flushes = 0;
 };
 

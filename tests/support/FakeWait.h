@@ -17,15 +17,11 @@ public:
             ;
     }
 
-    void Breathe() override
-    {
-        if (onBreathe)
-            onBreathe();
-    }
+    void Breathe() override { onBreathe(); }
 
     bool Cancelled() const override { return cancelled; }
 
-    std::function<void()> onBreathe; ///< what happens while the window lives, such as a key
+    std::function<void()> onBreathe = [] {}; ///< what happens while the window lives, such as a key
     bool cancelled = false;
 };
 

@@ -13,6 +13,7 @@ namespace tarvex {
 struct FakeWizardScript {
     std::vector<std::string>& journal;
     bool initResult = true;
+    bool mayClose = true;
     std::string viewName = "Vexlon Wizard";
     std::function<void()> duringInit = {};
 };
@@ -42,7 +43,7 @@ public:
     void HideView() override { Note("HideView"); }
     void FocusView() override { Note("FocusView"); }
     void Unload() override { Note("Unload"); }
-    bool ConfirmClose() override { return true; }
+    bool ConfirmClose() override { return script_.mayClose; }
     void UpdateUI(std::int32_t kind, const std::string& name) override
     {
         Note("UpdateUI " + std::to_string(kind) + " " + name);

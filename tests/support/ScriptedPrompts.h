@@ -9,8 +9,8 @@
 namespace tarvex {
 
 /// Answers the program's questions in the order in which a test expects them. A question that is not the next one
-/// expected fails the test and gets the answer of a closed box; so does a question still unasked at the end.
-/// What asks nothing (help, editor, beep, pointer) goes unheard.
+/// expected fails the test and is cancelled; so does a question still unasked at the end. What asks nothing (help,
+/// editor, beep, pointer) goes unheard.
 class ScriptedPrompts : public IUserPrompts {
 public:
     ~ScriptedPrompts() override
@@ -22,47 +22,36 @@ public:
     /// A message box with exactly this text.
     void ExpectMessage(const std::string& text, Answer answer = Answer::Ok)
     {
-        expectations_.push_back({kMessage + text, answer, {}});
+        expectations_.push_back({"message box " + text, answer, {}});
     }
     /// A file dialog; no answer = cancelled.
     void ExpectOpenFile(std::optional<std::string> answer)
     {
-        expectations_.push_back({kOpenFile, {}, std::move(answer)});
+        expectations_.push_back({"open dialog", {}, std::move(answer)});
     }
     void ExpectSaveFile(std::optional<std::string> answer)
     {
-        expectations_.push_back({kSaveFile, {}, std::move(answer)});
+        expectations_.push_back({"save dialog", {}, std::move(answer)});
     }
-    /// The dialog for choosing a device, which is cancelled.
-    void ExpectBrowse() { expectations_.push_back({kBrowse, {}, {}}); }
 
     Answer ShowMessage(const MessageBoxRequest& request) override
     {
         messages.push_back(request);
-        const auto expectation = Take(kMessage + request.text);
-        return expectation ? expectation->answer : ClosedAnswer(request.buttons);
+        return Take("message box " + request.text).answer;
     }
 
-    std::optional<std::string> AskOpenFile(const FileDialogRequest& request) override
-    {
-        return AskFile(kOpenFile, request);
-    }
+    std::optional<std::string> AskOpenFile(const FileDialogRequest&) override { return Take("open dialog").text; }
 
-    std::optional<std::string> AskSaveFile(const FileDialogRequest& request) override
-    {
-        return AskFile(kSaveFile, request);
-    }
+    std::optional<std::string> AskSaveFile(const FileDialogRequest&) override { return Take("save dialog").text; }
 
     std::optional<std::string> AskText(const std::string& question, const std::string&, const std::string&) override
     {
-        Take("input box " + question);
-        return std::nullopt;
+        return Take("input box " + question).text;
     }
 
-    std::optional<std::size_t> BrowseForDevice(const std::vector<std::string>& entries) override
+    std::optional<std::size_t> BrowseForDevice(const std::vector<std::string>&) override
     {
-        Take(kBrowse);
-        EXPECT_TRUE(entries.empty());
+        Take("browse dialog");
         return std::nullopt;
     }
 
@@ -71,47 +60,25 @@ public:
     void Beep() override {}
     void SetBusyPointer(bool) override {}
 
-    // What was asked and shown, in order.
-    std::vector<MessageBoxRequest> messages;
-    std::vector<FileDialogRequest> fileDialogs;
+    std::vector<MessageBoxRequest> messages; ///< what was shown, in order
 
 private:
-    static inline const std::string kMessage = "message box ";
-    static inline const std::string kOpenFile = "open dialog";
-    static inline const std::string kSaveFile = "save dialog";
-    static inline const std::string kBrowse = "browse dialog";
-
     struct Expectation {
         std::string question; ///< the kind of box, and the text of a message
-        Answer answer;
+        Answer answer = Answer::Cancel;
         std::optional<std::string> text;
     };
 
-    static Answer ClosedAnswer(Buttons buttons)
-    {
-        if (buttons == Buttons::Ok)
-            return Answer::Ok;
-        return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
-    }
-
-    /// The next expectation when it is for this question; else none, and the test has failed.
-    std::optional<Expectation> Take(const std::string& question)
+    Expectation Take(const std::string& question)
     {
         if (expectations_.empty() || expectations_.front().question != question) {
             ADD_FAILURE() << "Unexpected " << question << ", expected "
                           << (expectations_.empty() ? "nothing" : expectations_.front().question);
-            return std::nullopt;
+            return {};
         }
         Expectation expectation = std::move(expectations_.front());
         expectations_.pop_front();
         return expectation;
-    }
-
-    std::optional<std::string> AskFile(const std::string& kind, const FileDialogRequest& request)
-    {
-        fileDialogs.push_back(request);
-        const auto expectation = Take(kind);
-        return expectation ? expectation->text : std::nullopt;
     }
 
     std::deque<Expectation> expectations_;

@@ -7,7 +7,6 @@
 #include <QWidget>
 #include <QWindow>
 
-#include <algorithm>
 #include <map>
 #include <stdexcept>
 
@@ -17,23 +16,20 @@ namespace {
 
 [[noreturn]] void Refuse(const std::string& text) { throw std::runtime_error(text); }
 
-bool MatchesPath(const QObject* object, const QStringList& path)
+bool LiesIn(const QObject* object, const QString& name)
 {
-    if (object->objectName() != path.last())
-        return false;
-    qsizetype left = path.size() - 1;
-    for (const QObject* parent = object->parent(); parent && left > 0; parent = parent->parent())
-        left -= parent->objectName() == path.at(left - 1) ? 1 : 0;
-    return left == 0;
+    while (object && object->objectName() != name)
+        object = object->parent();
+    return object != nullptr;
 }
 
 QWidget* TryFind(const std::string& name)
 {
     const QStringList path = QString::fromStdString(name).split('/');
-    const auto widgets = QApplication::allWidgets();
-    const auto found = std::find_if(widgets.begin(), widgets.end(),
-                                    [&](auto* widget) { return widget->isVisible() && MatchesPath(widget, path); });
-    return found == widgets.end() ? nullptr : *found;
+    for (QWidget* widget : QApplication::allWidgets())
+        if (widget->isVisible() && widget->objectName() == path.last() && LiesIn(widget, path.first()))
+            return widget;
+    return nullptr;
 }
 
 QWidget& Find(const std::string& name)
@@ -46,28 +42,21 @@ QWidget& Find(const std::string& name)
 
 QAction& FindAction(const std::string& name)
 {
-    const auto windows = QApplication::topLevelWidgets();
-    for (const QWidget* window : windows) {
+    for (const QWidget* window : QApplication::topLevelWidgets())
         if (auto* action = window->findChild<QAction*>(QString::fromStdString(name)))
             return *action;
-    }
     Refuse("there is no menu entry " + name);
 }
 
 std::string TextOf(const QWidget& widget) { return widget.property("text").toString().toStdString(); }
 
-QWidgetList ListVisibleWindows()
-{
-    QWidgetList windows = QApplication::topLevelWidgets();
-    windows.removeIf([](const QWidget* window) { return !window->isVisible(); });
-    return windows;
-}
-
 /// The window that has the keyboard; without a window manager, nobody else gives it the focus.
 QWindow& ActiveWindow()
 {
-    QWidget* modal = QApplication::activeModalWidget();
-    const QWidget* widget = modal ? modal : ListVisibleWindows().value(0);
+    const QWidget* widget = QApplication::activeModalWidget();
+    for (const QWidget* window : QApplication::topLevelWidgets())
+        if (!widget && window->isVisible())
+            widget = window;
     if (!widget)
         Refuse("there is no window to type into");
     if (!widget->isActiveWindow())
@@ -135,14 +124,6 @@ bool ConditionHolds(const Fields& command)
 {
     const QWidget* widget = TryFind(command.at(2));
     return widget && (command.at(1) == "shown" || TextOf(*widget).find(command.at(3)) != std::string::npos);
-}
-
-std::string VisibleWindows()
-{
-    std::string names;
-    for (const QWidget* window : ListVisibleWindows())
-        names += window->objectName().toStdString() + ' ';
-    return names;
 }
 
 }

@@ -26,7 +26,4 @@ bool IsInput(const Fields& command);
 /// Whether what a wait command waits for is so now.
 bool ConditionHolds(const Fields& command);
 
-/// The names of the visible windows, for messages.
-std::string VisibleWindows();
-
 }

@@ -2,7 +2,7 @@
 #include "support/driver/Protocol.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
 #include <QGenericPlugin>
 #include <QSocketNotifier>
 #include <QTimer>
@@ -10,7 +10,6 @@
 #include <chrono>
 #include <exception>
 #include <fcntl.h>
-#include <memory>
 #include <unistd.h>
 
 namespace tarvex::driver {
@@ -25,73 +24,55 @@ public:
     {
         fcntl(kDescriptor, F_SETFD, FD_CLOEXEC);
         QObject::connect(&notifier_, &QSocketNotifier::activated, this, [this] { Receive(); });
-        QTimer::singleShot(0, this, [this] { Answer({"ok", "ready"}); });
+        QTimer::singleShot(0, this, [this] { Answer(0, {"ok", "ready"}); });
     }
 
 private:
-    /// One command whose answer is still owed.
-    struct Pending {
-        Fields command;
-        bool answered = false;
-        QElapsedTimer since;
-    };
-    using PendingPtr = std::shared_ptr<Pending>;
-
     void Receive()
     {
         const std::string line = ReceiveLine(kDescriptor);
         if (line.empty())
-            notifier_.setEnabled(false); // the client is gone; the program goes on as it would without us
-        else
-            Start(ToFields(line));
+            return notifier_.setEnabled(false); // the client is gone; the program goes on as it would without us
+        const Fields command = ToFields(line);
+        const int id = owed_ = ++last_;
+        if (command.at(0) == "wait")
+            return Await(id, command, QDeadlineTimer(20s));
+        QTimer::singleShot(0, this, [this, id, command] { Run(id, command); });
+        if (IsInput(command))
+            QTimer::singleShot(60ms, this, [this, id] { Answer(id, {"ok", "pending"}); });
     }
 
-    void Start(Fields command)
-    {
-        auto pending = std::make_shared<Pending>();
-        pending->command = std::move(command);
-        pending->since.start();
-        if (pending->command.at(0) == "wait") {
-            Await(pending);
-        } else {
-            QTimer::singleShot(0, this, [this, pending] { Run(pending); });
-            if (IsInput(pending->command))
-                QTimer::singleShot(60ms, this, [this, pending] { Finish(pending, {"ok", "pending"}); });
-        }
-    }
-
-    void Run(const PendingPtr& pending)
+    void Run(int id, const Fields& command)
     {
         try {
-            Finish(pending, {"ok", RunCommand(pending->command)});
+            Answer(id, {"ok", RunCommand(command)});
         } catch (const std::exception& error) {
-            Finish(pending, {"error", error.what()});
+            Answer(id, {"error", error.what()});
         }
     }
 
-    void Await(const PendingPtr& pending)
+    void Await(int id, const Fields& command, QDeadlineTimer limit)
     {
-        if (ConditionHolds(pending->command))
-            Finish(pending, {"ok", ""});
-        else if (pending->since.elapsed() > 20'000)
-            Finish(pending, {"error", "waited in vain; there are: " + VisibleWindows()});
+        if (ConditionHolds(command))
+            Answer(id, {"ok", ""});
+        else if (limit.hasExpired())
+            Answer(id, {"error", "waited in vain"});
         else
-            QTimer::singleShot(5ms, this, [this, pending] { Await(pending); });
+            QTimer::singleShot(5ms, this, [this, id, command, limit] { Await(id, command, limit); });
     }
 
-    void Finish(const PendingPtr& pending, const Fields& answer)
+    /// Answers a command unless it has been answered.
+    void Answer(int id, const Fields& answer)
     {
-        if (!pending->answered)
-            Answer(answer);
-        pending->answered = true;
-    }
-
-    static void Answer(const Fields& answer)
-    {
+        if (id != owed_)
+            return;
+        owed_ = -1;
         const std::string line = ToLine(answer);
         [[maybe_unused]] const auto sent = write(kDescriptor, line.data(), line.size());
     }
 
+    int last_ = 0; ///< commands so far; the first answer says that the program runs
+    int owed_ = 0; ///< the command whose answer is due
     QSocketNotifier notifier_;
 };
 

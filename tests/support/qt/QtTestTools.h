@@ -3,7 +3,7 @@
 #include "ui/common/Guarded.h"
 
 #include <QApplication>
-#include <QDeadlineTimer>
+#include <QTest>
 #include <QTimer>
 #include <QWidget>
 
@@ -13,13 +13,7 @@
 namespace tarvex {
 
 /// Lets the event loop run until the condition holds; false when it does not within ten seconds.
-inline bool RunUntil(const std::function<bool()>& condition)
-{
-    const QDeadlineTimer limit(10000);
-    while (!condition() && !limit.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    return condition();
-}
+inline bool RunUntil(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, 10000); }
 
 /// The visible window with an object name, or none.
 inline QWidget* VisibleWindow(const QString& objectName)

@@ -3,44 +3,32 @@
 #include "comm/DemoDevice.h"
 #include "platform/zorbus/SimulatedNorvaneSystem.h"
 #include "shell/Startup.h"
-#include "support/FakeClock.h"
+#include "support/DocumentFakes.h"
 #include "support/FakeDevice.h"
-#include "support/FakeErrorLog.h"
-#include "support/FakeFileSystem.h"
 #include "support/FakeSettingsStore.h"
-#include "support/FakeWizardView.h"
-#include "support/InitFileBuilder.h"
-#include "support/ScriptedPrompts.h"
 #include "support/qt/QtTestTools.h"
 #include "ui/advanced/AdvancedForm.h"
 #include "ui/common/QtWait.h"
 
 #include <QAction>
-#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
-#include <QTest>
 
-#include <algorithm>
 #include <fstream>
-#include <gtest/gtest.h>
-#include <iterator>
 
 namespace tarvex {
 
 /// The main window as start-up leaves it, with the shipped init file. Its controls are found by name only.
-class AdvancedFormTest : public testing::Test {
+class AdvancedFormTest : public testing::Test, protected DocumentFakes {
 protected:
     AdvancedFormTest()
     {
-        state_.programFolder = "/prog";
-        state_.programFileName = "tarvex";
-        state_.rootFolder = "/root";
         std::ifstream shipped(TARVEX_SHARE "/Tarvex.xml", std::ios::binary);
-        files_.files["/prog/Tarvex.xml"] = {std::istreambuf_iterator<char>(shipped), {}};
-        links_["Demo"] = [this] { return std::make_shared<DemoDevice>(prompts_); };
+        InitFile() = {std::istreambuf_iterator<char>(shipped), {}};
+        services_.links["Demo"] = [this] { return std::make_shared<DemoDevice>(prompts_); };
+        services_.wizards[WizardKind::Vexlon] = WizardMaker("wizard");
         UncaughtErrors::Install(&errors_, &prompts_);
     }
     ~AdvancedFormTest() override
@@ -53,12 +41,10 @@ protected:
 
     void Start(const std::string& commandLine = {})
     {
-        DocumentServices services{state_,       files_, errors_, packetLog_, prompts_,
-                                  preferences_, links_, {},      {},         commandLine};
-        services.wizards[WizardKind::Vexlon] = [this]() -> std::unique_ptr<IWizardView> { return MakeWizard(); };
+        services_.commandLine = commandLine;
         const Dependencies libraries{[] { return std::string("5.0.1"); },
                                      [] { return std::make_shared<SimulatedNorvaneSystem>(); }};
-        startup_ = std::make_unique<Startup>(services, libraries, settings_, form_);
+        startup_ = std::make_unique<Startup>(services_, libraries, settings_, form_);
         startup_->Run();
     }
 
@@ -74,9 +60,13 @@ protected:
         FAIL() << "no such product";
     }
 
-    virtual std::unique_ptr<IWizardView> MakeWizard()
+    /// A board on the link that products choose by themselves.
+    std::shared_ptr<FakeDevice> PlugIn()
     {
-        return std::make_unique<FakeWizardView>("wizard", wizardScript_);
+        auto board = std::make_shared<FakeDevice>();
+        board->type = "USB-HID Device";
+        services_.links["USB-HID Device"] = [board] { return board; };
+        return board;
     }
 
     template <class Control> Control& Find(const char* name)
@@ -88,13 +78,7 @@ protected:
     }
     QAction& Entry(const char* name) { return Find<QAction>(name); }
     void Click(const char* button) { QTest::mouseClick(&Find<QPushButton>(button), Qt::LeftButton); }
-    void ClickRealTime()
-    {
-        auto& box = Find<QCheckBox>("CHK_RealTime");
-        QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
-    }
     QString Status() { return Find<QLabel>("Message").text(); }
-    QString LineText(const char* name) { return Find<QLineEdit>(name).text(); }
     bool IsShown(const char* name) { return Find<QWidget>(name).isVisible(); }
 
     /// The rows in view, from the top.
@@ -129,17 +113,7 @@ protected:
         EXPECT_EQ(box.text(), digits);
     }
 
-    FakeFileSystem files_;
-    FakeErrorLog errors_;
-    FakeClock clock_;
-    PacketLog packetLog_{files_, clock_};
-    ScriptedPrompts prompts_;
     FakeSettingsStore settings_;
-    Preferences preferences_;
-    ProgramState state_;
-    std::vector<std::string> journal_;
-    FakeWizardScript wizardScript_{journal_};
-    std::map<std::string, std::function<std::shared_ptr<IDevice>()>> links_;
     BusyState busy_;
     QtWait wait_{busy_};
     AdvancedForm form_{{state_, preferences_, settings_, files_, clock_, prompts_, errors_, wait_, busy_}};

@@ -2,57 +2,18 @@
 
 #include "comm/DemoDevice.h"
 #include "model/RegisterObject.h"
-#include "shell/Document.h"
+#include "support/DocumentFakes.h"
 #include "support/ExpectError.h"
-#include "support/FakeClock.h"
 #include "support/FakeDevice.h"
-#include "support/FakeErrorLog.h"
-#include "support/FakeFileSystem.h"
 #include "support/FakeMainView.h"
+#include "support/FakeProgress.h"
 #include "support/FakeRegisterView.h"
 #include "support/FakeWait.h"
-#include "support/FakeWizardView.h"
-#include "support/InitFileBuilder.h"
-#include "support/ScriptedPrompts.h"
 #include "ui/advanced/BoardActions.h"
 
 #include <algorithm>
-#include <gtest/gtest.h>
 
 namespace tarvex {
-
-/// Status texts and progress of one window.
-class ScreenNotes : public IStatusLine, public IProgress {
-public:
-    void DisplayStatusMessage(const std::string& text) override { status.push_back(text); }
-
-    std::vector<std::string> status;
-    std::vector<std::string> progress;
-
-private:
-    void IProgress_SetRange(std::int32_t steps, std::int32_t start) override
-    {
-        progress.push_back(std::to_string(start) + " of " + std::to_string(steps));
-    }
-    void IProgress_TickProgress(std::int32_t steps) override { progress.push_back("tick " + std::to_string(steps)); }
-    void IProgress_Show(bool visible) override { progress.emplace_back(visible ? "show" : "hide"); }
-};
-
-/// A USB link whose board can be missed by a connection by ids and yet be found by its path.
-class FakeUsbLink : public FakeDevice {
-public:
-    FakeUsbLink() { type = "USB-HID Device", connected = false, name = "VEXLON scaler"; }
-
-    bool foundByIds = true;
-
-private:
-    std::int32_t IDevice_connect(std::int32_t, std::int32_t) override
-    {
-        calls.emplace_back("connect");
-        connected = foundByIds;
-        return connected ? 1 : 0;
-    }
-};
 
 using Names = std::vector<std::string>;
 using Ids = std::vector<std::int32_t>;
@@ -77,36 +38,34 @@ inline InitFileBuilder BoardFile(const std::string& device, const std::string& l
 inline std::string Link(const std::string& name) { return InitFileBuilder::LinkXml(name, "NVSignalProcessing"); }
 
 /// The actions on a board, with a real document on fakes. The program knows the links "Demo" and "USB-HID Device".
-class BoardTest : public testing::Test {
+class BoardTest : public testing::Test, protected DocumentFakes {
 protected:
     BoardTest()
     {
-        state_.programFolder = "/prog";
-        state_.programFileName = "tarvex";
-        state_.rootFolder = "/root";
-        const std::string both = Link("USB-HID Device") + Link("Demo");
-        files_.files["/prog/Tarvex.xml"] =
-            BoardFile("Vexlon", both)
-                .Text(BoardFile("Vexlon-Fx_Channel1", Link("USB-HID Device")).Component() +
-                      BoardFile("Kestra-Fx", Link("USB-HID Device") + InitFileBuilder::LinkXml("TCP_IP", "NVControl"))
-                          .Component() +
-                      BoardFile("Cendra", Link("SerialZorbus")).Component() +
-                      BoardFile("Ossary", Link("SerialZorbus")).Component() +
-                      BoardFile("Ossary-Plus", Link("SerialZorbus")).Component());
-    }
-
-    void Start(const std::string& commandLine = {})
-    {
-        DocumentServices services{state_, files_, errors_, packetLog_, prompts_, preferences_, {}, {}, {}, commandLine};
-        services.links["Demo"] = [this] { return std::make_shared<DemoDevice>(prompts_); };
-        services.links["USB-HID Device"] = [this] {
-            usb_ = std::make_shared<FakeUsbLink>();
-            if (prepareLink_)
-                prepareLink_(*usb_);
+        const std::string usb = Link("USB-HID Device"), serial = Link("SerialZorbus");
+        std::string others;
+        for (const auto& [device, links] : {std::pair("Vexlon-Fx_Channel1", usb),
+                                            {"Kestra-Fx", usb},
+                                            {"Cendra", serial},
+                                            {"Ossary", serial},
+                                            {"Ossary-Plus", serial}})
+            others += BoardFile(device, links).Component();
+        InitFile() = BoardFile("Vexlon", usb + Link("Demo")).Text(others);
+        services_.links["Demo"] = [this] { return std::make_shared<DemoDevice>(prompts_); };
+        services_.links["USB-HID Device"] = [this] {
+            usb_ = std::make_shared<FakeDevice>();
+            usb_->type = "USB-HID Device";
+            usb_->name = "VEXLON scaler";
+            usb_->connected = false;
+            prepareLink_(*usb_);
             return usb_;
         };
-        services.wizards[WizardKind::Vexlon] = [this] { return std::make_unique<FakeWizardView>("wizard", script_); };
-        document_ = std::make_unique<Document>(services);
+        services_.wizards[WizardKind::Vexlon] = WizardMaker("wizard");
+    }
+
+    void Start()
+    {
+        document_ = std::make_unique<Document>(services_);
         document_->Run(mainView_);
         board_ = std::make_unique<BoardActions>(*document_, view_,
                                                 BoardActionServices{state_, preferences_, prompts_, errors_, wait_,
@@ -130,7 +89,6 @@ protected:
     {
         StartWithVexlon();
         document_->OpenView("Vexlon", nullptr);
-        usb_->transfers.clear();
         journal_.clear();
     }
 
@@ -151,29 +109,16 @@ protected:
     Ids Reads() const { return usb_->Parameters(FakeDevice::Kind::Read); }
     Ids Writes() const { return usb_->Parameters(FakeDevice::Kind::Write); }
     const std::string& Status() const { return screen_.status.back(); }
-    bool WasStatus(const std::string& text) const
-    {
-        return std::count(screen_.status.begin(), screen_.status.end(), text) > 0;
-    }
     std::string DeviceType() const { return document_->device() ? document_->device()->DeviceType() : "none"; }
     void FailAt(std::int32_t id) { usb_->raiseAt.insert_or_assign({0x451, id}, Error(303, "Link", "No answer")); }
 
-    FakeFileSystem files_;
-    FakeErrorLog errors_;
-    FakeClock clock_;
-    PacketLog packetLog_{files_, clock_};
-    ScriptedPrompts prompts_;
-    Preferences preferences_;
-    ProgramState state_;
     FakeWait wait_;
-    ScreenNotes screen_;
+    FakeProgress screen_;
     FakeRegisterView view_;
-    std::vector<std::string> journal_;
     FakeMainView mainView_{journal_};
-    FakeWizardScript script_{journal_};
     int busyDepth_ = 0;
-    std::function<void(FakeUsbLink&)> prepareLink_;
-    std::shared_ptr<FakeUsbLink> usb_;
+    std::function<void(FakeDevice&)> prepareLink_ = [](FakeDevice&) {};
+    std::shared_ptr<FakeDevice> usb_;
     std::unique_ptr<Document> document_;
     std::unique_ptr<BoardActions> board_;
 };

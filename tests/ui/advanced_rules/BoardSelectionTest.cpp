@@ -6,48 +6,8 @@ namespace {
 
 using Choices = std::vector<MenuChoice>;
 
-const std::string kSeveralLinks =
-    "Vexlon supports multiple communication links.  Select one on the Communication menu to connect.";
 const std::string kNoAnswer = "Unable to connect or verify communications to device Vexlon on USB-HID Device";
 
-}
-
-TEST_F(BoardTest, SelectingAProductShowsItAndReadsItsBoardOnce)
-{
-    preferences_.autoConnect = true; // asks for a read, too, as the new link does
-    Start();
-    EXPECT_EQ(view_.links, Choices());
-    EXPECT_EQ(board_->SelectedProductName(), "");
-
-    board_->SelectProduct("Vexlon");
-    EXPECT_EQ(board_->SelectedProductName(), "Vexlon");
-    EXPECT_EQ(view_.title, "Tarvex");
-    EXPECT_TRUE(view_.transfersEnabled);
-    EXPECT_EQ(view_.fills, 1);
-    EXPECT_EQ(view_.products.front(), (MenuChoice{"Vexlon", true}));
-    EXPECT_EQ(std::count_if(view_.products.begin(), view_.products.end(), [](auto& each) { return each.checked; }), 1);
-    EXPECT_EQ(view_.links, (Choices{{"USB-HID Device", true}, {"Demo", false}}));
-    EXPECT_TRUE(WasStatus("Changing underlying communication link."));
-    EXPECT_TRUE(WasStatus(kSeveralLinks));
-    EXPECT_EQ(Reads().size(), std::size_t{kRegisters});
-
-    Register("R0").value(7);
-    board_->SelectProduct("Vexlon");
-    EXPECT_EQ(view_.fills, 1);
-    EXPECT_EQ(Register("R0").value(), 7);
-    EXPECT_EQ(Reads().size(), std::size_t{kRegisters});
-}
-
-TEST_F(BoardTest, AProductThatTheInitFileLacksIsRefused)
-{
-    StartWithVexlon();
-    const auto device = document_->device();
-    ExpectError([this] { board_->SelectProduct("Mirage"); }, 101, "AdvancedForm::ProductMenu_Click",
-                "Invalid XML file.  Product Mirage not found.");
-    EXPECT_EQ(board_->SelectedProductName(), "Vexlon");
-    EXPECT_EQ(document_->device(), device);
-    EXPECT_EQ(state_.g_minInitVersion, "2.0.0");
-    EXPECT_EQ(Reads().size(), 0U);
 }
 
 TEST_F(BoardTest, EachProductHasItsLinkItsEntriesAndItsOldestFile)
@@ -71,23 +31,9 @@ TEST_F(BoardTest, EachProductHasItsLinkItsEntriesAndItsOldestFile)
         EXPECT_EQ(view_.rules.serialSettings, each.serial);
         EXPECT_EQ(view_.rules.networkAddress, each.address);
         EXPECT_EQ(state_.g_minInitVersion, each.minimum);
-        EXPECT_EQ(WasStatus(std::string(each.product) + " supports multiple communication links.  Select one on the "
-                                                        "Communication menu to connect."),
-                  std::string("Vexlon") == each.product);
         board_.reset();
     }
     EXPECT_EQ(view_.target, "0x333 1"); // of the last one
-}
-
-TEST_F(BoardTest, DemoModeOffersTheDemoBoardOnly)
-{
-    Start("-demo");
-    for (const char* product : {"Vexlon", "Cendra"}) {
-        board_->SelectProduct(product);
-        EXPECT_EQ(DeviceType(), kDemoDeviceType);
-        EXPECT_EQ(view_.links, (Choices{{"Demo device", true}}));
-        EXPECT_EQ(Status(), "8 registers read, none failed.");
-    }
 }
 
 TEST_F(BoardTest, ALinkThatTheProgramLacksChangesNothing)
@@ -124,7 +70,7 @@ TEST_F(BoardTest, ANewLinkIsConnectedAndReadOnce)
 
 TEST_F(BoardTest, ADeviceThatIsNotFoundByItsIdsCanBePicked)
 {
-    prepareLink_ = [](FakeUsbLink& link) {
+    prepareLink_ = [](FakeDevice& link) {
         link.foundByIds = false;
         link.browseAnswer = "VEXLON scaler (0x1)";
     };
@@ -187,23 +133,6 @@ TEST_F(BoardTest, WithoutADeviceEverythingSaysThatNothingIsConnected)
     board_->RealTimeTicked();
     EXPECT_FALSE(view_.realTime);
     EXPECT_EQ(busyDepth_, 0);
-}
-
-TEST_F(BoardTest, AHiddenWindowReadsNothingAndShowsNoBox)
-{
-    preferences_.autoConnect = true;
-    view_.visible = false;
-    Start();
-    document_->controller().InitDevice("Vexlon");
-    EXPECT_EQ(view_.fills, 1);
-    document_->SelectCommLink("USB-HID Device");
-    EXPECT_EQ(usb_->calls, Names());
-    EXPECT_EQ(usb_->transfers.size(), 0U);
-    EXPECT_EQ(screen_.status, Names());
-    board_->SelectProduct("Vexlon-Fx_Channel1");
-    board_->SelectLink("Demo");
-    board_->SelectLink("USB-HID Device");
-    EXPECT_EQ(usb_->transfers.size(), 0U);
 }
 
 }

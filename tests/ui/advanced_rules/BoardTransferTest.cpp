@@ -1,33 +1,18 @@
+#include "model/RegisterObject.h"
+#include "support/FakeDevice.h"
+#include "support/FakeErrorLog.h"
+#include "ui/advanced/RegisterTransfer.h"
 #include "ui/advanced_rules/BoardFixture.h"
 
-namespace tarvex {
+#include <gtest/gtest.h>
 
+namespace tarvex {
 namespace {
 
 const std::string kResendAll = "No register data to write, application is in sync with device.  Resend all anyway?";
 const std::string kReadAgain = "Not every register could be read. Read the configuration again.";
 
 Bytes One(std::uint8_t value) { return {value}; }
-
-}
-
-TEST_F(BoardTest, ReadingShowsProgressAndEveryValue)
-{
-    StartBesideWizard();
-    usb_->memory[{0x451, 0x23}] = One(0x5A);
-    board_->ReadConfiguration();
-    EXPECT_EQ(Reads(), (Ids{0x20, 0x21, 0x22, 0x23, 0x24, 0x25, 0x26, 0x27}));
-    EXPECT_EQ(Register("R3").value(), 0x5A);
-    EXPECT_EQ(view_.shownWhole, 2); // once at the start
-    Names progress(kRegisters, "tick 1");
-    progress.insert(progress.begin(), {"0 of 8", "show"});
-    progress.emplace_back("hide");
-    EXPECT_EQ(screen_.progress, progress);
-    EXPECT_TRUE(WasStatus("Reading register value for R7"));
-    EXPECT_EQ(Status(), "8 registers read, none failed.");
-    EXPECT_EQ(journal_, Names{"wizard: UpdateUI 0 "});
-    EXPECT_EQ(usb_->transfers[0].aspi, kNoAspi);
-}
 
 TEST_F(BoardTest, RealTimeUpdateRestsWhileTheBoardIsRead)
 {
@@ -82,11 +67,8 @@ TEST_F(BoardTest, FailedReadsLeaveEveryMarkAsItWas)
 TEST_F(BoardTest, ARunStopsAfterMoreThanFiveFailures)
 {
     StartWithVexlon();
-    usb_->raise = Error(303, "Link", "No answer");
-    prompts_.ExpectMessage("No answer");
-    board_->ReadConfiguration();
-    EXPECT_EQ(Status(), "0 registers read, 6 failed. Stopped after too many failures.");
-
+    for (int id = 0x20; id < 0x26; ++id)
+        FailAt(id);
     for (const auto& object : AllRegisters(document_->controller()))
         object->value(1);
     prompts_.ExpectMessage("No answer");
@@ -94,30 +76,13 @@ TEST_F(BoardTest, ARunStopsAfterMoreThanFiveFailures)
     EXPECT_EQ(Status(), "0 registers written, 6 failed. Stopped after too many failures.");
     EXPECT_EQ(Changed().size(), std::size_t{kRegisters});
 
-    usb_->raise.reset();
-    for (int id = 0x20; id < 0x25; ++id)
-        FailAt(id);
+    usb_->raiseAt.erase({0x451, 0x23});
     prompts_.ExpectMessage("No answer");
     board_->ReadConfiguration();
     EXPECT_EQ(Status(), "3 registers read, 5 failed.");
 }
 
-TEST_F(BoardTest, EscapeEndsAReadBetweenTwoRegisters)
-{
-    StartWithVexlon();
-    usb_->memory[{0x451, 0x22}] = One(0x5A);
-    wait_.onBreathe = [this] { wait_.cancelled = Reads().size() == 3; };
-    board_->ReadConfiguration();
-    EXPECT_EQ(Reads(), (Ids{0x20, 0x21, 0x22}));
-    EXPECT_EQ(Register("R2").value(), 0x5A);
-    EXPECT_EQ(view_.shownWhole, 2);
-    EXPECT_EQ(screen_.progress.back(), "hide");
-    EXPECT_EQ(Status(), "3 registers read, none failed. Cancelled with Escape.");
-    board_->LoadConfiguration();
-    EXPECT_EQ(Status(), kReadAgain);
-}
-
-TEST_F(BoardTest, LoadingWritesExactlyTheEditedRegisters)
+TEST_F(BoardTest, LoadingWritesExactlyTheEditedRegistersAndAsksWhenThereAreNone)
 {
     StartBesideWizard();
     board_->EditRegister("R6", 0x66);
@@ -129,18 +94,13 @@ TEST_F(BoardTest, LoadingWritesExactlyTheEditedRegisters)
     EXPECT_EQ(Changed(), Names());
     EXPECT_EQ(Status(), "2 registers written, none failed.");
     EXPECT_EQ(journal_, Names{"wizard: UpdateUI 0 "});
-    EXPECT_EQ(Reads(), Ids());
-}
 
-TEST_F(BoardTest, LoadingWithNothingEditedAsksFirst)
-{
-    StartWithVexlon();
-    prompts_.ExpectMessage(kResendAll, Answer::No);
-    board_->LoadConfiguration();
-    EXPECT_EQ(Writes(), Ids());
-    prompts_.ExpectMessage(kResendAll, Answer::Yes);
-    board_->LoadConfiguration();
-    EXPECT_EQ(Writes().size(), std::size_t{kRegisters});
+    usb_->transfers.clear();
+    for (const auto& [answer, writes] : {std::pair(Answer::No, 0), std::pair(Answer::Yes, kRegisters)}) {
+        prompts_.ExpectMessage(kResendAll, answer);
+        board_->LoadConfiguration();
+        EXPECT_EQ(usb_->transfers.size(), static_cast<std::size_t>(writes));
+    }
 }
 
 TEST_F(BoardTest, LoadingAfterAnIncompleteReadAsksNothing)
@@ -181,17 +141,75 @@ TEST_F(BoardTest, AFailedWriteStaysMarked)
     EXPECT_EQ(Status(), "1 register written, none failed.");
 }
 
-TEST_F(BoardTest, ASingleRegisterIsReadAlone)
+TEST_F(BoardTest, ARefusedValueIsPutBack)
 {
-    StartBesideWizard();
-    usb_->memory[{0x451, 0x24}] = One(0x42);
-    board_->ReadSingleRegister("R4");
-    EXPECT_EQ(Reads(), Ids{0x24});
-    EXPECT_EQ(Register("R4").value(), 0x42);
-    EXPECT_EQ(view_.shownWhole, 2);
-    EXPECT_EQ(journal_, Names{"wizard: UpdateUI 1 R4"});
-    EXPECT_EQ(screen_.progress, Names()); // no run
-    EXPECT_THROW(board_->ReadSingleRegister("R99"), Error);
+    StartWithVexlon();
+    view_.realTime = true;
+    board_->EditRegister("R1", 0x3C);
+    usb_->transfers.clear();
+    view_.shownRows.clear();
+    view_.echo = [this] { board_->EditRegister("R1", 256); };
+    for (const std::int32_t value : {256, -1}) {
+        board_->EditRegister("R1", value);
+        EXPECT_EQ(Register("R1").value(), 0x3C);
+    }
+    EXPECT_EQ(view_.shownRows, (std::vector<std::int16_t>{1, 1}));
+    EXPECT_EQ(errors_.entries.size(), 2U);
+    EXPECT_EQ(usb_->transfers.size(), 0U);
 }
 
+TEST_F(BoardTest, RealTimeEditsAreWrittenAtOnce)
+{
+    StartBesideWizard();
+    view_.realTime = true;
+    board_->EditRegister("R3", 0x3C);
+    EXPECT_EQ(Writes(), Ids{0x23});
+    EXPECT_EQ(Changed(), Names());
+    EXPECT_EQ(journal_, Names{"wizard: UpdateUI 1 R3"});
+    EXPECT_TRUE(board_->IsModified()); // the file does not have it
+
+    board_->EditRegister("R3", 0x3C);
+    EXPECT_EQ(Writes(), (Ids{0x23, 0x23})); // the only view writes a value again
+    board_->SetAsSecondaryView(true);
+    board_->EditRegister("R3", 0x3C);
+    EXPECT_EQ(Writes().size(), 2U); // a second one only reports what it was told
+    board_->EditRegister("R3", 0x3D);
+    EXPECT_EQ(Writes().size(), 3U);
+}
+
+TEST(RegisterTransfer, TakesFailuresFromTheCountsOfTheLinkAndOfWhatDepends)
+{
+    FakeDevice device;
+    TransferCounts counts{3, 0};                                // of earlier runs
+    device.onTransfer = [&](const FakeDevice::Transfer& each) { // as real links report
+        ++(device.mute.contains({1, each.parameterId}) ? counts.failures : counts.successes);
+    };
+    FakeErrorLog errors;
+    std::vector<std::shared_ptr<RegisterObject>> registers;
+    for (std::int32_t id = 0; id < 4; ++id) {
+        registers.push_back(std::make_shared<RegisterObject>());
+        registers.back()->Init(1, id, 8, 8, "R" + std::to_string(id), "");
+    }
+    registers[2]->AddDependency(registers[1]);
+    registers[1]->AddDependency(registers[2]); // a circle
+    registers[1]->value(5);
+    registers[3]->value(6);
+    const auto expect = [&](const TransferResult& result, int done, int failed, const std::string& marks) {
+        EXPECT_EQ(result.done, done);
+        EXPECT_EQ(result.failed, failed);
+        std::string left;
+        for (const auto& object : registers)
+            left += object->IsDirty() ? '*' : '-';
+        EXPECT_EQ(left, marks);
+    };
+    RegisterTransfer transfer(device, counts, errors);
+    device.mute = {{1, 1}};
+    expect(transfer.Read(registers), 2, 2, "-*--");
+    expect(transfer.Write(registers), 2, 2, "-**-"); // the value of either may not have arrived
+    device.mute.clear();
+    expect(transfer.Write(registers), 4, 0, "----");
+    registers[1]->ClearDependencies(); // or the circle keeps itself alive
+}
+
+}
 }

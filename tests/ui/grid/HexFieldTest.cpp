@@ -5,7 +5,6 @@
 #include <QClipboard>
 #include <QInputMethodEvent>
 #include <QLineEdit>
-#include <QMenu>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -33,13 +32,6 @@ struct HexFieldTest : ::testing::Test {
     }
 
     void Choose(const char* name) { field.findChild<QAction*>(name)->trigger(); }
-
-    void Commit(const QString& text)
-    {
-        QInputMethodEvent event;
-        event.setCommitString(text);
-        QApplication::sendEvent(&box, &event);
-    }
 };
 
 TEST_F(HexFieldTest, RefusesKeysThatWouldLeaveNoNumberWithinTheLimits)
@@ -76,25 +68,24 @@ TEST_F(HexFieldTest, LeavesZeroAndChangesTwiceWhenItIsEmptied)
 
 TEST_F(HexFieldTest, JudgesWhateverComesInWithoutATypedKey)
 {
-    const std::pair<const char*, std::function<void(const QString&)>> ways[] = {
-        {"paste",
-         [this](const QString& text) {
-             QApplication::clipboard()->setText(text);
-             QTest::keyClick(&box, Qt::Key_Insert, Qt::ShiftModifier);
-         }},
-        {"input method", [this](const QString& text) { Commit(text); }},
+    const std::function<void(const char*)> ways[] = {
+        [this](const char* text) { // a paste
+            QApplication::clipboard()->setText(text);
+            QTest::keyClick(&box, Qt::Key_Insert, Qt::ShiftModifier);
+        },
+        [this](const char* text) { // an input method
+            QInputMethodEvent event;
+            event.setCommitString(text);
+            QApplication::sendEvent(&box, &event);
+        },
     };
-    for (const auto& [name, enter] : ways) {
-        for (const char* bad : {"xyz", "123"}) {
+    for (const auto& enter : ways) {
+        for (const char* text : {"xyz", "123", "7"}) {
             field.HexText("1F");
             box.selectAll();
-            enter(bad);
-            EXPECT_EQ(field.HexText(), "1F") << name << " " << bad;
+            enter(text);
+            EXPECT_EQ(field.HexText(), text == std::string("7") ? "7" : "1F") << text;
         }
-        field.HexText("0");
-        box.selectAll();
-        enter("7");
-        EXPECT_TRUE(box.text().contains('7')) << name;
     }
 }
 
@@ -103,38 +94,13 @@ TEST_F(HexFieldTest, OffersItsMenuButNoEditsWhenLocked)
     int reads = 0;
     const auto read = field.ReadRegister.Subscribe([&] { ++reads; });
     field.Locked(true);
-    QTest::keyClicks(&box, "7");
     box.selectAll();
+    QTest::keyClicks(&box, "7");
     QTest::keyClick(&box, Qt::Key_Delete);
     Choose("mnuPopupCut");
     EXPECT_EQ(field.HexText(), "1F");
-    auto& menu = *field.findChild<QMenu*>("mnuPopup");
-    QTest::mousePress(&box, Qt::RightButton);
-    EXPECT_TRUE(menu.isVisible());
-    menu.close();
     Choose("mnuReadSingleRegister");
     EXPECT_EQ(reads, 1);
-}
-
-TEST_F(HexFieldTest, SelectsItsTextWithTheFocusAndKeepsASelectionOverTheMenu)
-{
-    box.clearFocus();
-    QTest::mouseClick(&box, Qt::LeftButton);
-    EXPECT_EQ(box.selectedText(), "1F");
-    box.setSelection(1, 1);
-    Choose("mnuPopupCut");
-    EXPECT_EQ(field.HexText(), "1");
-    EXPECT_EQ(QApplication::clipboard()->text(), "F");
-}
-
-TEST_F(HexFieldTest, TellsAChangeOfASetTextOnceAndNoneForTheSame)
-{
-    for (const char* text : {"&HA0", "", "A0"})
-        field.HexText(text);
-    EXPECT_EQ(field.HexText(), "A0");
-    EXPECT_EQ(changes, 1);
-    EXPECT_THROW(field.MinValue(-1), Error);
-    EXPECT_EQ(field.MinValue(), 0);
 }
 
 }

@@ -1,15 +1,58 @@
-#include "platform/xml/XmlGuard.h"
-
 #include "platform/files/PosixFileSystem.h"
+#include "platform/xml/XmlDocument.h"
 #include "platform/xml/XmlFiles.h"
+#include "platform/xml/XmlGuard.h"
 #include "support/TemporaryFolder.h"
 
 #include <ctime>
 #include <gtest/gtest.h>
 
 namespace tarvex {
-
 namespace {
+
+XmlDocument Load(std::string_view text)
+{
+    XmlDocument document;
+    EXPECT_TRUE(document.LoadText(text)) << document.LastErrorText();
+    return document;
+}
+
+std::string ErrorOf(std::string_view text)
+{
+    XmlDocument document;
+    EXPECT_FALSE(document.LoadText(text));
+    EXPECT_FALSE(document.Root());
+    return document.LastErrorText();
+}
+
+constexpr std::string_view kTree =
+    "<Root><!-- c --><Register><Name>A</Name><Bits> 0:7 </Bits></Register><Other/></Root>";
+
+TEST(XmlDocument, ReadsBackWhatItWrites)
+{
+    const std::string awkward = " <&>\"'\r\n\t\xC3\xA4 ";
+    XmlDocument document;
+    XmlElement root = document.CreateRoot("Data");
+    root.SetAttribute("a", awkward);
+    root.AddChild("Text", awkward);
+    root.AddChild("Blank", " ");
+    root.AddChild("Lost").SetContent(std::string_view("x\0y\x1B\xC3+\xED\xA0\x80", 9));
+    root.AddCopy(Load(kTree).Root().FirstChild());
+    const XmlDocument again = Load(document.ToText());
+    EXPECT_EQ(again.Root().Attribute("a"), awkward);
+    EXPECT_EQ(again.Root().ChildContent("Text"), awkward);
+    EXPECT_EQ(again.Root().ChildContent("Blank"), " ");
+    EXPECT_EQ(again.Root().ChildContent("Lost"), "x?y??+???"); // what no file can hold
+    EXPECT_EQ(again.Root().Child("Register").ChildContent("Bits"), " 0:7 ");
+    EXPECT_EQ(again.ToText(), document.ToText());
+}
+
+TEST(XmlDocument, NeverTakesAFileCutShortForAWholeOne)
+{
+    for (std::size_t size = 0; size < kTree.size(); ++size)
+        EXPECT_NE(ErrorOf(kTree.substr(0, size)), "") << size;
+    EXPECT_TRUE(ErrorOf("<a>\n  <b></c>\n</a>").starts_with("line 2, column "));
+}
 
 std::string Repeat(std::string_view piece, int count)
 {
@@ -37,8 +80,6 @@ std::string Refusal(std::string_view text)
 }
 
 bool Mentions(const std::string& text, std::string_view part) { return text.find(part) != std::string::npos; }
-
-}
 
 TEST(XmlGuard, KeepsTheLimits)
 {
@@ -125,4 +166,5 @@ TEST(XmlGuard, RefusesHostileFilesWithinASecond)
     }
 }
 
+}
 }

@@ -1,13 +1,13 @@
 #include "platform/files/PosixFileSystem.h"
-
 #include "support/ExpectError.h"
 #include "support/FileSizeLimit.h"
 #include "support/TemporaryFolder.h"
 
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace tarvex {
-
 namespace {
 
 namespace fs = std::filesystem;
@@ -20,8 +20,6 @@ protected:
     PosixFileSystem files;
 };
 
-}
-
 TEST_F(PosixFileSystemTest, ReadsRegularFilesUpToTheLimit)
 {
     const std::string path = folder.Write("\xC3\xA4 b$'\".xml", std::string("1\0002", 3));
@@ -32,32 +30,6 @@ TEST_F(PosixFileSystemTest, ReadsRegularFilesUpToTheLimit)
     ExpectError([&] { files.ReadWholeFile(folder.path, 9); }, ObjectError(1));
     mkfifo(folder.File("pipe").c_str(), 0600);
     ExpectError([&] { files.ReadWholeFile(folder.File("pipe"), 9); }, ObjectError(1));
-}
-
-TEST_F(PosixFileSystemTest, KnowsFilesFromOtherThings)
-{
-    const std::string path = folder.Write("a", "");
-    fs::create_symlink("a", folder.File("link"));
-    fs::create_symlink("nowhere", folder.File("dangling"));
-    EXPECT_TRUE(files.FileExists(folder.File("link")));
-    EXPECT_FALSE(files.FileExists(folder.path) || files.FileExists(folder.File("dangling")) || files.FileExists(""));
-    EXPECT_TRUE(files.IsSameFile(path, folder.path + "/./link"));
-    EXPECT_FALSE(files.IsSameFile(path, folder.Write("b", "")));
-    EXPECT_FALSE(files.IsSameFile(folder.File("no"), folder.File("no")));
-    EXPECT_EQ(files.ListFolder(folder.path), (std::vector<std::string>{"a", "b", "dangling", "link"}));
-    EXPECT_TRUE(files.Remove(path));
-    EXPECT_FALSE(files.Remove(path) || files.Remove(folder.path));
-}
-
-TEST_F(PosixFileSystemTest, FindsOwnFilesWhateverTheLetterCase)
-{
-    fs::create_directory(folder.File("Images"));
-    const std::string exact = folder.Write("Images/Red_Skew.JPG", "");
-    const std::string lower = folder.Write("Images/red_skew.jpg", "");
-    EXPECT_EQ(files.FindOwnFile(exact), exact);
-    EXPECT_EQ(files.FindOwnFile(lower), lower);
-    EXPECT_EQ(files.FindOwnFile(folder.path + "\\IMAGES\\Red_skew.Jpg"), exact);
-    EXPECT_EQ(files.FindOwnFile(folder.File("images/Blue.jpg")), folder.File("images/Blue.jpg"));
 }
 
 TEST_F(PosixFileSystemTest, MakesWorkingCopiesOfItsOwnOnly)
@@ -79,13 +51,9 @@ TEST_F(PosixFileSystemTest, MakesWorkingCopiesOfItsOwnOnly)
 
     folder.Write("victim", "kept");
     fs::create_symlink("victim", folder.File("link"));
-    fs::create_symlink("nowhere", folder.File("dangling"));
-    for (const char* name : {"link", "dangling"})
-        refuses(source, folder.File(name), ObjectError(1));
+    refuses(source, folder.File("link"), ObjectError(1));
     EXPECT_EQ(folder.Read("victim"), "kept");
-    EXPECT_FALSE(fs::exists(folder.File("nowhere")));
     refuses(folder.File("none"), target, kErrFileNotFound);
-    refuses(folder.path, target, ObjectError(1));
     EXPECT_EQ(folder.Read("target"), "text");
 }
 
@@ -109,11 +77,91 @@ TEST_F(PosixFileSystemTest, WritesLinesAtOnceAndForTheUserAlone)
     files.OpenText(path, OpenMode::Overwrite)->WriteLine("new");
     EXPECT_EQ(folder.Read("log"), "new\n");
     EXPECT_EQ(files.OpenText(folder.File("missing/log"), OpenMode::Append), nullptr);
-    EXPECT_TRUE(files.CreateFolder(folder.File("x/y")));
-    EXPECT_FALSE(files.CreateFolder(folder.File("log/z")));
     files.OpenText(folder.File("fresh"), OpenMode::Append);
-    EXPECT_EQ(ModeOf(folder.File("x")) | ModeOf(folder.File("x/y")), 0700U);
     EXPECT_EQ(ModeOf(folder.File("fresh")), 0600U);
 }
 
+TEST_F(PosixFileSystemTest, KnowsWhichProcessesLive)
+{
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(0);
+    waitpid(child, nullptr, 0);
+    EXPECT_TRUE(files.ProcessLives(getpid()) && files.ProcessLives(1));
+    EXPECT_FALSE(files.ProcessLives(child) || files.ProcessLives(0) || files.ProcessLives(1LL << 40));
+}
+
+namespace fs = std::filesystem;
+
+class ReplaceFileTest : public testing::Test {
+protected:
+    void Refuse(const std::string& name, std::int32_t number)
+    {
+        ExpectError([&] { files.ReplaceFile(folder.File(name), "new"); }, number, "PosixFileSystem::ReplaceFile");
+    }
+
+    TemporaryFolder folder;
+    PosixFileSystem files;
+};
+
+TEST_F(ReplaceFileTest, ReplacesTheContentAndKeepsTheMode)
+{
+    const std::string path = folder.Write("a", "old");
+    fs::permissions(path, static_cast<fs::perms>(0640));
+    files.ReplaceFile(path, std::string(3000000, 'x'));
+    EXPECT_EQ(folder.Read("a"), std::string(3000000, 'x'));
+    EXPECT_EQ(fs::status(path).permissions(), static_cast<fs::perms>(0640));
+    EXPECT_EQ(files.ListFolder(folder.path), std::vector<std::string>{"a"});
+}
+
+TEST_F(ReplaceFileTest, ReplacesTheFileThatALinkPointsTo)
+{
+    fs::create_directory(folder.File("sub"));
+    folder.Write("sub/real", "old");
+    fs::create_symlink("sub/hop", folder.File("link"));
+    fs::create_symlink("real", folder.File("sub/hop"));
+    fs::create_symlink(folder.File("sub/new"), folder.File("dangling"));
+    fs::create_symlink("circle", folder.File("circle"));
+    files.ReplaceFile(folder.File("link"), "new");
+    files.ReplaceFile(folder.File("dangling"), "made");
+    EXPECT_TRUE(fs::is_symlink(folder.File("link")) && fs::is_symlink(folder.File("sub/hop")));
+    EXPECT_EQ(folder.Read("sub/real"), "new");
+    EXPECT_EQ(folder.Read("sub/new"), "made");
+    Refuse("circle", ObjectError(1));
+}
+
+TEST_F(ReplaceFileTest, RefusesWhatIsNoFileOrHasNoPlace)
+{
+    fs::create_directory(folder.File("sub"));
+    mkfifo(folder.File("pipe").c_str(), 0600);
+    for (const std::string& name : {std::string("sub"), std::string("pipe"), std::string(256, 'n')})
+        Refuse(name, ObjectError(1));
+    Refuse("missing/a", kErrFileNotFound);
+    files.ReplaceFile(folder.File(std::string(255, 'n')), "fits");
+    EXPECT_EQ(folder.Read(std::string(255, 'n')), "fits");
+}
+
+TEST_F(ReplaceFileTest, KeepsTheOldFileWhenTheNewOneDoesNotFit)
+{
+    folder.Write("a", "old");
+    const FileSizeLimit limit(65536);
+    ExpectError([&] { files.ReplaceFile(folder.File("a"), std::string(100000, 'x')); }, ObjectError(1));
+    EXPECT_EQ(folder.Read("a"), "old");
+    EXPECT_EQ(files.ListFolder(folder.path), std::vector<std::string>{"a"});
+}
+
+TEST_F(ReplaceFileTest, LeavesReadOnlyFilesAlone)
+{
+    fs::permissions(folder.Write("a", "old"), static_cast<fs::perms>(0444));
+    fs::permissions(folder.path, fs::perms::all);
+    const uid_t user = geteuid();
+    if (user == 0) { // to whom modes mean nothing
+        ASSERT_EQ(seteuid(65534), 0);
+    }
+    Refuse("a", ObjectError(1));
+    ASSERT_EQ(seteuid(user), 0);
+    EXPECT_EQ(folder.Read("a"), "old");
+}
+
+}
 }

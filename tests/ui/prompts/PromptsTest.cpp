@@ -1,18 +1,18 @@
-#include "ui/prompts/UserPrompts.h"
-
+#include "support/TemporaryFolder.h"
 #include "support/qt/QtTestTools.h"
 #include "ui/common/BusyState.h"
+#include "ui/prompts/FileFilters.h"
+#include "ui/prompts/UserPrompts.h"
 
-#include <gtest/gtest.h>
-
-#include <QInputDialog>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QWindow>
+#include <gtest/gtest.h>
 
 namespace tarvex {
-
 namespace {
 
 void PressKey(QWidget& window, Qt::Key key) { QTest::keyClick(window.windowHandle(), key); }
@@ -33,8 +33,6 @@ protected:
     UserPrompts prompts{TARVEX_HELP_FILE};
 };
 
-}
-
 TEST_F(UserPromptsTest, AnswersWithTheButtonAndForAClosedBox)
 {
     const struct {
@@ -54,53 +52,6 @@ TEST_F(UserPromptsTest, AnswersWithTheButtonAndForAClosedBox)
     }
 }
 
-TEST_F(UserPromptsTest, ComesBackAfterItsHelpWasClosed)
-{
-    OnceShown<QDialog>("HelpViewer", [&](QDialog& help) {
-        EXPECT_TRUE(help.isModal());
-        OnceShown<QMessageBox>("MessageBox", [](QMessageBox& box) { PressKey(box, Qt::Key_Return); });
-        PressKey(help, Qt::Key_Escape);
-    });
-    const auto pressHelp = [](QMessageBox& box) { Click(box, *box.button(QMessageBox::Help)); };
-    EXPECT_EQ(AnswerWith(Buttons::RetryCancelHelp, pressHelp), Answer::Retry);
-}
-
-TEST_F(UserPromptsTest, ShowsItsTextAsItIsAndAPlainPointerWhileWorkRuns)
-{
-    BusyState busy;
-    const BusyGuard guard(busy);
-    AnswerWith(Buttons::Ok, [](QMessageBox& box) {
-        EXPECT_EQ(box.text(), "Text of <b> the box");
-        EXPECT_EQ(box.textFormat(), Qt::PlainText);
-        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
-        PressKey(box, Qt::Key_Escape);
-    });
-    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
-    EXPECT_FALSE(busy.Cancelled());
-}
-
-TEST_F(UserPromptsTest, SurvivesTheDeathOfTheWindowUnderABox)
-{
-    auto* window = new QWidget;
-    window->show();
-    window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-    EXPECT_EQ(AnswerWith(Buttons::YesNo, [&](QMessageBox&) { delete window; }), Answer::No);
-}
-
-TEST_F(UserPromptsTest, AsksForAText)
-{
-    const auto ask = [&](Qt::Key key) {
-        OnceShown<QInputDialog>("InputBox", [key](QInputDialog& box) {
-            PressKey(box, Qt::Key_2); // replaces the proposal, which is selected
-            PressKey(box, key);
-        });
-        return prompts.AskText("Enter the number:", "Input", "1");
-    };
-    EXPECT_EQ(ask(Qt::Key_Return), "2");
-    EXPECT_EQ(ask(Qt::Key_Escape), std::nullopt);
-}
-
 TEST_F(UserPromptsTest, PicksADevice)
 {
     const auto browse = [&](int downs, Qt::Key key) {
@@ -117,4 +68,47 @@ TEST_F(UserPromptsTest, PicksADevice)
     EXPECT_EQ(browse(2, Qt::Key_Escape), std::nullopt);
 }
 
+constexpr const char* kFilter = "XML (*.xml)|*.xml|All (*.*)|*.*";
+
+/// Types a name into the dialog and presses Return.
+void Enter(const QString& name)
+{
+    OnceShown<QFileDialog>("FileDialog", [name](QFileDialog& dialog) {
+        auto* field = dialog.findChild<QLineEdit*>("fileNameEdit");
+        field->setText(name);
+        QTest::keyClick(field, Qt::Key_Return);
+    });
+}
+
+TEST(FileFilters, AreTurnedIntoThoseOfQt)
+{
+    EXPECT_EQ(NameFilters(kFilter), (QStringList{"XML (*.xml)", "All (*)"}));
+    EXPECT_EQ(NameFilters("Logs|*.txt; *.log"), QStringList{"Logs (*.txt *.log)"});
+    EXPECT_EQ(NameFilters("No patterns"), QStringList{"All (*)"});
+    EXPECT_EQ(DefaultSuffix(".xml"), "xml");
+}
+
+TEST(FileDialog, AddsTheDefaultExtensionAndAsksBeforeAFileIsReplaced)
+{
+    const TemporaryFolder folder;
+    for (const char* name : {"board.xml", "plain"})
+        folder.Write(name, "x");
+    const FileDialogRequest request{"Choose", folder.path, "", kFilter, "xml"};
+    UserPrompts prompts("none.hlp");
+
+    Enter("plain");
+    EXPECT_EQ(prompts.AskOpenFile(request), folder.File("plain"));
+    OnceShown<QFileDialog>("FileDialog", [](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    EXPECT_EQ(prompts.AskOpenFile(request), std::nullopt);
+    Enter("new.txt");
+    EXPECT_EQ(prompts.AskSaveFile(request), folder.File("new.txt"));
+    Enter("board");
+    OnceShown<QMessageBox>("MessageBox", [](QMessageBox& box) {
+        Enter("other");
+        box.button(QMessageBox::No)->click();
+    });
+    EXPECT_EQ(prompts.AskSaveFile(request), folder.File("other.xml"));
+}
+
+}
 }
