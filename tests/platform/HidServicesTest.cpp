@@ -43,10 +43,12 @@ void WithMockedBoards(const std::function<void()>& body)
         Board("0", "7508950485019102850291028102") + Board("1", "75089504810295089102") + Board("2", "750895049102");
     std::string command = "ASAN_OPTIONS=verify_asan_link_order=0 umockdev-run -d " + folder.Write("boards", boards);
     const std::string scripts[] = {"w 0 ^AX\nr 0 late\nw 0 ^BQ^D\nr 0 ^BQ\n", "w 0 ^@AB\nr 0 QRST\n"};
-    for (const std::string n : {"0", "1"})
-        command += " -i /dev/hidraw" + n + "=" +
-                   folder.Write("size" + n, "@DEV /dev/hidraw" + n + "\nHIDIOCGRDESCSIZE 0 0A000000\n") +
-                   " -s /dev/hidraw" + n + "=" + folder.Write("script" + n, scripts[n == "1"]);
+    for (const std::string n : {"0", "1"}) {
+        const std::string node = "/dev/hidraw" + n;
+        const std::string size = folder.Write("size" + n, "@DEV " + node + "\nHIDIOCGRDESCSIZE 0 0A000000\n");
+        command.append(" -i " + node + "=" + size);
+        command.append(" -s " + node + "=" + folder.Write("script" + n, scripts[n == "1"]));
+    }
     const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
     command += " -- /proc/" + std::to_string(getpid()) + "/exe --gtest_filter=HidServices." + test->name();
     EXPECT_EQ(std::system(command.c_str()), 0);
