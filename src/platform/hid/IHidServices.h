@@ -62,8 +62,8 @@ public:
     virtual Bytes ReadNext(std::size_t answerLength, std::chrono::milliseconds limit) = 0;
     virtual void EndExchange() = 0;
 
-    /// errno of the last operation that failed: ETIMEDOUT when no answer came in time, ENODEV when a read failed without
-    /// one, 0 before any failure.
+    /// errno of the last operation that failed: ETIMEDOUT when no answer came in time, ENODEV when a read failed
+    /// without one, 0 before any failure.
     virtual int LastError() const = 0;
 };
 

@@ -1,0 +1,29 @@
+#include "Require.h"
+
+#include "platform/hid/ReportDescriptor.h"
+
+namespace tarvex {
+
+namespace {
+
+void CheckDescriptor(const Bytes& descriptor)
+{
+    const ReportLayout layout = ReadReportDescriptor(descriptor);
+    Require(layout.lengths.input != 1 && layout.lengths.output != 1, "a report holds more than its id");
+
+    Bytes longer = descriptor;
+    longer.insert(longer.end(), {0xC0, 0xB4, 0x75, 0x08, 0x95});
+    const ReportLayout more = ReadReportDescriptor(longer);
+    Require(more.lengths.input >= layout.lengths.input && more.lengths.output >= layout.lengths.output,
+            "what follows never makes a report shorter");
+}
+
+}
+
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    tarvex::CheckDescriptor(tarvex::Bytes(data, data + size));
+    return 0;
+}
