@@ -1,5 +1,6 @@
 #include "usb/Board.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -16,7 +17,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t kLongestReport = 64;
+constexpr std::size_t kLongestReport = 256;
 constexpr std::uint8_t kWriteReport = 1;
 constexpr std::uint8_t kReadReport = 2;
 constexpr std::size_t kHeader = 6; // the report id, both ids of the register, the length byte
@@ -34,6 +35,26 @@ std::size_t DataSize(const Bytes& report)
     return std::min(declared, report.size() - kHeader);
 }
 
+/// One vendor-defined collection.
+Bytes ReportDescriptor(const BoardSetup& setup)
+{
+    Bytes descriptor = {0x06, 0x00, 0xFF, 0x09, 0x01, 0xA1, 0x01, 0x15, 0x00, 0x26, 0xFF, 0x00, 0x75, 0x08};
+    const auto append = [&](const Bytes& items) { descriptor.insert(descriptor.end(), items.begin(), items.end()); };
+    const Bytes output = {0x95, setup.outputBytes, 0x09, 0x02, 0x91, 0x02};
+    if (setup.reportIds)
+        append({0x85, kWriteReport});
+    if (setup.outputBytes > 0)
+        append(output);
+    if (setup.reportIds)
+        append({0x85, kReadReport});
+    if (setup.reportIds && setup.outputBytes > 0)
+        append(output);
+    if (setup.inputBytes > 0)
+        append({0x95, setup.inputBytes, 0x09, 0x04, 0x81, 0x02});
+    append({0xC0});
+    return descriptor;
+}
+
 [[noreturn]] void Fail(const std::string& what) { throw std::runtime_error(what + ": " + std::strerror(errno)); }
 
 }
@@ -47,24 +68,6 @@ bool WaitUntil(const std::function<bool()>& condition, std::chrono::milliseconds
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
     return true;
-}
-
-Bytes BoardSetup::ReportIds(std::uint8_t outputBytes, std::uint8_t inputBytes)
-{
-    return {0x06, 0x00, 0xFF, 0x09, 0x01,        0xA1,       0x01, 0x15, 0x00, 0x26, 0xFF, 0x00, 0x75,
-            0x08, 0x85, 0x01, 0x95, outputBytes, 0x09,       0x02, 0x91, 0x02, 0x85, 0x02, 0x95, outputBytes,
-            0x09, 0x03, 0x91, 0x02, 0x95,        inputBytes, 0x09, 0x04, 0x81, 0x02, 0xC0};
-}
-
-Bytes BoardSetup::NoReportIds(std::uint8_t outputBytes, std::uint8_t inputBytes)
-{
-    Bytes descriptor = {0x06, 0x00, 0xFF, 0x09, 0x01, 0xA1, 0x01, 0x15, 0x00, 0x26, 0xFF, 0x00, 0x75, 0x08};
-    if (outputBytes > 0)
-        descriptor.insert(descriptor.end(), {0x95, outputBytes, 0x09, 0x02, 0x91, 0x02});
-    if (inputBytes > 0)
-        descriptor.insert(descriptor.end(), {0x95, inputBytes, 0x09, 0x04, 0x81, 0x02});
-    descriptor.push_back(0xC0);
-    return descriptor;
 }
 
 Board::Board(BoardSetup setup)
@@ -81,8 +84,10 @@ Board::Board(BoardSetup setup)
     WriteAttribute("strings/0x409/serialnumber", std::to_string(setup_.socket));
     WriteAttribute("functions/hid.usb0/protocol", "0");
     WriteAttribute("functions/hid.usb0/subclass", "0");
-    WriteAttribute("functions/hid.usb0/report_length", std::to_string(kLongestReport));
-    WriteAttribute("functions/hid.usb0/report_desc", {setup_.reportDescriptor.begin(), setup_.reportDescriptor.end()});
+    const int longest = std::max(setup_.outputBytes, setup_.inputBytes) + (setup_.reportIds ? 1 : 0);
+    WriteAttribute("functions/hid.usb0/report_length", std::to_string(longest));
+    const Bytes descriptor = ReportDescriptor(setup_);
+    WriteAttribute("functions/hid.usb0/report_desc", {descriptor.begin(), descriptor.end()});
     fs::create_directory_symlink(folder_ + "/functions/hid.usb0", folder_ + "/configs/c.1/hid.usb0");
 }
 
@@ -230,9 +235,11 @@ void Board::Serve()
         eventfd_read(wake_, &count);
         if ((ready[1].revents & POLLIN) == 0)
             continue;
-        Bytes report(2 * kLongestReport);
+        Bytes report(kLongestReport);
         const ssize_t length = read(endpoint_, report.data(), report.size());
         report.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+        if (!setup_.reportIds)
+            report.insert(report.begin(), kReadReport);
         const std::lock_guard lock(mutex_);
         Handle(report);
     }
@@ -260,9 +267,10 @@ void Board::Answer(const Bytes& request)
         return;
     }
     Bytes answer(request.begin(), request.begin() + kHeader);
-    answer.resize(kLongestReport);
+    answer.resize(std::size_t{1} + setup_.inputBytes);
     const Bytes& value = registers_[AddressOf(request)];
-    std::copy_n(value.begin(), std::min(value.size(), DataSize(request)), answer.begin() + kHeader);
+    std::copy_n(value.begin(), std::min({value.size(), DataSize(request), answer.size() - kHeader}),
+                answer.begin() + kHeader);
     if (faults_.lengthByte >= 0)
         answer[5] = static_cast<std::uint8_t>(faults_.lengthByte);
     for (; faults_.wrongAnswers > 0; --faults_.wrongAnswers) {
@@ -282,8 +290,9 @@ void Board::Send(const Bytes& answer) const
 {
     pollfd ready{endpoint_, POLLOUT, 0};
     poll(&ready, 1, 1000);
+    const std::size_t skipped = setup_.reportIds ? 0 : 1;
     // Without a program that reads, or unplugged meanwhile, nobody misses the answer.
-    [[maybe_unused]] const ssize_t written = write(endpoint_, answer.data(), answer.size());
+    [[maybe_unused]] const ssize_t written = write(endpoint_, answer.data() + skipped, answer.size() - skipped);
 }
 
 }

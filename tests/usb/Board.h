@@ -36,11 +36,10 @@ struct BoardSetup {
     int socket = 0; ///< 0 or 1
     std::uint16_t productId = 0x0A51;
     std::string productName = "Vexlon";
-    /// Id 1 goes to the board, id 2 both ways, 63 bytes each.
-    Bytes reportDescriptor = ReportIds(63, 63);
-
-    static Bytes ReportIds(std::uint8_t outputBytes, std::uint8_t inputBytes);
-    static Bytes NoReportIds(std::uint8_t outputBytes, std::uint8_t inputBytes);
+    /// With ids, 1 goes to the board and 2 both ways; without, the board takes every report for a read request.
+    bool reportIds = true;
+    std::uint8_t outputBytes = 63; ///< without the id; 0 = no such report
+    std::uint8_t inputBytes = 63;
 };
 
 /// A board: a USB gadget on the kernel's dummy controller, and the firmware behind it, which answers I2C packets from
