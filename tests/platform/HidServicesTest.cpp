@@ -42,11 +42,13 @@ void WithMockedBoards(const std::function<void()>& body)
     const std::string boards =
         Board("0", "7508950485019102850291028102") + Board("1", "75089504810295089102") + Board("2", "750895049102");
     std::string command = "ASAN_OPTIONS=verify_asan_link_order=0 umockdev-run -d " + folder.Write("boards", boards);
-    const std::string scripts[] = {"r 0 late\nw 0 ^BQ^D\nr 0 ^BQ\n", "w 0 ^@AB\nr 0 QRST\n"};
-    for (const std::string n : {"0", "1"})
-        command += " -i /dev/hidraw" + n + "=" +
-                   folder.Write("size" + n, "@DEV /dev/hidraw" + n + "\nHIDIOCGRDESCSIZE 0 0A000000\n") +
-                   " -s /dev/hidraw" + n + "=" + folder.Write("script" + n, scripts[n == "1"]);
+    const auto mock = [&](const std::string& node, const std::string& script) {
+        const std::string size =
+            folder.Write("size" + node.substr(11), "@DEV " + node + "\nHIDIOCGRDESCSIZE 0 0A000000\n");
+        return " -i " + node + "=" + size + " -s " + node + "=" + folder.Write("script" + node.substr(11), script);
+    };
+    command += mock("/dev/hidraw0", "w 0 ^AX\nr 0 late\nw 0 ^BQ^D\nr 0 ^BQ\n");
+    command += mock("/dev/hidraw1", "w 0 ^@AB\nr 0 QRST\n");
     const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
     command += " -- /proc/" + std::to_string(getpid()) + "/exe --gtest_filter=HidServices." + test->name();
     EXPECT_EQ(std::system(command.c_str()), 0);
@@ -72,11 +74,11 @@ TEST(HidServices, FindsAndOpensBoardsAndRefusesWhatCannotBeUsed)
         }
         const auto board = services.Open("/dev/hidraw1");
         ASSERT_TRUE(board && board->Attributes());
-        EXPECT_EQ(board->Attributes()->vendorId, 0x12C5);
-        EXPECT_EQ(board->Attributes()->productId, 1);
-        EXPECT_EQ(board->Attributes()->versionNumber, 0x0102);
-        EXPECT_EQ(board->ReportLengths().input, 5);
-        EXPECT_EQ(board->ReportLengths().output, 9);
+        const auto [vendor, product, version] = *board->Attributes();
+        EXPECT_TRUE(vendor == 0x12C5 && product == 1 && version == 0x0102)
+            << vendor << " " << product << " " << version;
+        const auto [input, output] = board->ReportLengths();
+        EXPECT_TRUE(input == 5 && output == 9) << input << " " << output;
         EXPECT_TRUE(board->IsPresent());
         std::remove((std::string(std::getenv("UMOCKDEV_DIR")) + "/dev/hidraw1").c_str());
         EXPECT_FALSE(board->IsPresent());
@@ -91,6 +93,7 @@ TEST(HidServices, DropsLateReportsTakesShortOnesAndKeepsOtherProgramsOffUntilThe
         const auto board = services.Open("/dev/hidraw0");
         ASSERT_TRUE(board);
         pollfd other{open("/dev/hidraw0", O_RDWR | O_CLOEXEC), POLLIN, 0};
+        EXPECT_EQ(board->Write({1, 'X'}), 2U);
         ASSERT_EQ(poll(&other, 1, 5000), 1); // the late one is there
         const HidExchange exchange = board->Exchange({2, 'Q', 4}, 5, kLimit);
         EXPECT_EQ(exchange.written, 3U);

@@ -13,7 +13,7 @@ std::string Utf8(std::wstring_view text)
 {
     std::string result;
     for (const wchar_t letter : text) {
-        const auto code = static_cast<std::uint32_t>(letter);
+        const auto code = static_cast<char32_t>(letter);
         const int following = code < 0x80 ? 0 : code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
         constexpr std::uint8_t kFirst[] = {0, 0xC0, 0xE0, 0xF0};
         result += static_cast<char>(kFirst[following] | (code >> (6 * following)));

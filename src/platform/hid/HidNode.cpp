@@ -110,8 +110,11 @@ bool HidNode::IsPresent() const
 
 bool HidNode::Lock()
 {
+    const auto isLocked = [this] { return flock(own_.Number(), LOCK_EX | LOCK_NB) == 0; };
+    if (isLocked()) // as nearly always, and without a look at the clock
+        return true;
     const auto end = steady_clock::now() + kLockLimit;
-    while (flock(own_.Number(), LOCK_EX | LOCK_NB) != 0) {
+    while (!isLocked()) {
         const bool isHeld = errno == EWOULDBLOCK;
         if (!isHeld || steady_clock::now() >= end) {
             lastError_ = isHeld ? ETIMEDOUT : errno;
