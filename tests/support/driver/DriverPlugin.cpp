@@ -3,14 +3,17 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QGenericPlugin>
 #include <QSocketNotifier>
 #include <QTimer>
 
+#include <algorithm>
 #include <chrono>
 #include <exception>
 #include <fcntl.h>
 #include <unistd.h>
+#include <utility>
 
 namespace tarvex::driver {
 
@@ -25,6 +28,10 @@ public:
         fcntl(kDescriptor, F_SETFD, FD_CLOEXEC);
         QObject::connect(&notifier_, &QSocketNotifier::activated, this, [this] { Receive(); });
         QTimer::singleShot(0, this, [this] { Answer(0, {"ok", "ready"}); });
+        beat_.start(kBeat);
+        sinceBeat_.start();
+        QObject::connect(&beat_, &QTimer::timeout, this,
+                         [this] { latestBeat_ = std::max(latestBeat_, sinceBeat_.restart() - kBeat.count()); });
     }
 
 private:
@@ -35,6 +42,8 @@ private:
             return notifier_.setEnabled(false); // the client is gone; the program goes on as it would without us
         const Fields command = ToFields(line);
         const int id = owed_ = ++last_;
+        if (command.at(0) == "beat")
+            return Answer(id, {"ok", std::to_string(std::exchange(latestBeat_, 0))});
         if (command.at(0) == "wait")
             return Await(id, command, QDeadlineTimer(20s));
         QTimer::singleShot(0, this, [this, id, command] { Run(id, command); });
@@ -70,6 +79,11 @@ private:
         const std::string line = ToLine(answer);
         [[maybe_unused]] const auto sent = write(kDescriptor, line.data(), line.size());
     }
+
+    static constexpr std::chrono::milliseconds kBeat{10};
+    QTimer beat_;
+    QElapsedTimer sinceBeat_;
+    qint64 latestBeat_ = 0; ///< milliseconds by which a beat came too late, at worst, since it was asked for
 
     int last_ = 0; ///< commands so far; the first answer says that the program runs
     int owed_ = 0; ///< the command whose answer is due

@@ -20,6 +20,14 @@
 
 namespace tarvex {
 
+/// Tells of changes when a test says so.
+class FakeDeviceChanges : public IDeviceChanges {
+public:
+    void Watch(std::function<void()> changed) override { Change = std::move(changed); }
+
+    std::function<void()> Change;
+};
+
 /// The main window as start-up leaves it, with the shipped init file. Its controls are found by name only.
 class AdvancedFormTest : public testing::Test, protected DocumentFakes {
 protected:
@@ -116,7 +124,9 @@ protected:
     FakeSettingsStore settings_;
     BusyState busy_;
     QtWait wait_{busy_};
-    AdvancedForm form_{{state_, preferences_, settings_, files_, clock_, prompts_, errors_, wait_, busy_}};
+    FakeDeviceChanges deviceChanges_;
+    AdvancedForm form_{{state_, preferences_, settings_, files_, clock_, prompts_, errors_, wait_, busy_,
+                        deviceChanges_}};
     std::unique_ptr<Startup> startup_;
 };
 

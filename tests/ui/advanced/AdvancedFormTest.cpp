@@ -1,3 +1,5 @@
+#include "comm/HIDDevice.h"
+#include "support/FakeHidServices.h"
 #include "ui/advanced/AdvancedFormFixture.h"
 
 #include <QMenuBar>
@@ -29,16 +31,21 @@ TEST_F(AdvancedFormTest, NothingIsChosenOrClosedInTheMiddleOfATransfer)
 
 TEST_F(AdvancedFormTest, ARemovedBoardIsLetGoOf)
 {
-    const auto board = PlugIn();
+    FakeHidServices hid;
+    hid.boards[0]->known.attributes.productId = 0x0A51;
+    const auto link = std::make_shared<HIDDevice>(hid, packetLog_, prompts_);
+    services_.links[kHidDeviceType] = [link] { return link; };
     StartWith("Vexlon");
+    ASSERT_TRUE(link->IsConnected());
+    hid.boards[0]->plugged = false;
     {
         const BusyGuard busy(busy_);
-        form_.DeviceRemoved("pulled out");
-        EXPECT_TRUE(board->connected); // not in the middle of a transfer
+        deviceChanges_.Change();
+        EXPECT_TRUE(link->IsConnected()); // not in the middle of a transfer
     }
-    EXPECT_TRUE(RunUntil([&] { return !board->connected; }));
+    EXPECT_TRUE(RunUntil([&] { return !link->IsConnected(); }));
     EXPECT_EQ(Status(), "Comm Failure recieved in Advanced Form");
-    EXPECT_EQ(errors_.entries.at(0).description, "pulled out");
+    EXPECT_EQ(errors_.entries.at(0).description, "A USB device has been removed from the system.");
 }
 
 TEST_F(AdvancedFormTest, TheCloseBoxAsksAboutUnsavedEditsAndEndsTheProgram)
