@@ -36,14 +36,6 @@ TEST_F(ProgramTest, WithoutADisplayItSaysSoAndEndsWith8)
     EXPECT_NE(driver.ErrorOutput().find("display"), std::string::npos);
 }
 
-TEST_F(ProgramTest, AMissingInitFileIsSearchedForOrEndsWith2)
-{
-    ProgramDriver driver(Copied({}));
-    driver.WaitText("MessageBox", "Unable to find the initialization file Tarvex.xml in ");
-    driver.Key("Alt+N");
-    EXPECT_EQ(driver.ExitCode(), 2);
-}
-
 TEST_F(ProgramTest, AnUnusableInitFileIsLoggedAndEndsWith2)
 {
     ProgramDriver driver(Copied({}, "<SignalTarvex version=\"2.3.9\"><VID>12C5</VID></SignalTarvex>"));

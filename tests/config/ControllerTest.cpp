@@ -20,23 +20,6 @@ TEST_F(ControllerTest, LetsGoOfABoardThatTheFileDoesNotKnow)
     ExpectBoardUntouched();
 }
 
-TEST_F(ControllerTest, SaysWhenAConnectedDeviceCannotBeInitialized)
-{
-    UseBoard();
-    InitFileBuilder file;
-    file.device = "Other";
-    file.wordSize = "9";
-    Use(file.Text());
-    controller.GetDeviceNames(kAllOptions, kRegisterProtocol);
-    FakeDevice device;
-    device.name = "other";
-    ExpectError([&] { controller.ConnectDevice("path", device); }, ObjectError(0x12C),
-                "TarvexController::ConnectDevice", "Unable to initialize product Other");
-    ASSERT_EQ(log.entries.size(), 1U);
-    EXPECT_EQ(log.entries[0].description, "Invalid syntax in initialization file /tmp/Tarvex.xml");
-    ExpectBoardUntouched();
-}
-
 TEST_F(ControllerTest, TransfersEveryRegisterUntilTheLinkFails)
 {
     UseBoard();

@@ -70,36 +70,24 @@ constexpr std::int32_t kBase = 0x451;
 using Kind = FakeDevice::Kind;
 using Ids = std::vector<std::int32_t>;
 
+using Registers = std::vector<std::shared_ptr<RegisterObject>>;
+
 /// Registers on one processor; their parameter ids are their numbers.
-class RegisterTransfer : public testing::Test {
-protected:
-    ~RegisterTransfer() override
-    {
-        for (const auto& made : registers)
-            made->ClearDependencies();
-    }
-
-    RegisterObject& Make(std::int16_t bits = 8)
-    {
-        registers.push_back(std::make_shared<RegisterObject>());
-        const auto id = static_cast<std::int16_t>(registers.size() - 1);
-        registers.back()->Init(kBase, id, id, bits, "R", "");
-        return *registers.back();
-    }
-
-    void Depend(std::size_t from, const std::vector<std::size_t>& others)
-    {
-        for (const std::size_t other : others)
-            registers[from]->AddDependency(registers[other]);
-    }
-
-    FakeDevice device;
-    std::vector<std::shared_ptr<RegisterObject>> registers;
-};
-
-TEST_F(RegisterTransfer, TakesWhatIsDeliveredLeastSignificantByteFirst)
+Registers MakeRegisters(std::int16_t count, std::int16_t bits)
 {
-    RegisterObject& wide = Make(16);
+    Registers registers;
+    for (std::int16_t id = 0; id < count; ++id) {
+        registers.push_back(std::make_shared<RegisterObject>());
+        registers.back()->Init(kBase, id, id, bits, "R", "");
+    }
+    return registers;
+}
+
+TEST(RegisterTransfer, TakesWhatIsDeliveredLeastSignificantByteFirst)
+{
+    FakeDevice device;
+    const Registers registers = MakeRegisters(1, 16);
+    RegisterObject& wide = *registers[0];
     wide.value(0x5678);
     device.memory[{kBase, 0}] = {0x34, 0x12};
     const std::pair<std::optional<std::size_t>, int> deliveries[] = {
@@ -114,13 +102,12 @@ TEST_F(RegisterTransfer, TakesWhatIsDeliveredLeastSignificantByteFirst)
     EXPECT_EQ(device.transfers.back(), (FakeDevice::Transfer{Kind::Write, kBase, 0, {0xCD, 0xAB}, 77}));
 }
 
-TEST_F(RegisterTransfer, CirclesEndAndWorkAgainAfterAnError)
+TEST(RegisterTransfer, CirclesEndAndWorkAgainAfterAnError)
 {
-    for (int i = 0; i < 3; ++i)
-        Make();
-    Depend(0, {0, 1});
-    Depend(1, {2, 0});
-    Depend(2, {1});
+    FakeDevice device;
+    const Registers registers = MakeRegisters(3, 8);
+    for (const auto& [from, other] : {std::pair(0U, 0U), {0, 1}, {1, 2}, {1, 0}, {2, 1}})
+        registers[from]->AddDependency(registers[other]);
     device.raiseAt.emplace(FakeDevice::Place{kBase, 2}, Error(303, "Link::ReadFrom", "No"));
     ExpectError([&] { registers[0]->ReadValue(device, kNoAspi); }, 303);
     device.raiseAt.clear();
@@ -130,12 +117,15 @@ TEST_F(RegisterTransfer, CirclesEndAndWorkAgainAfterAnError)
     EXPECT_EQ(device.Parameters(Kind::Read), (Ids{0, 1, 2, 2, 1, 0}));
     for (std::size_t i = 0; i < 6; ++i)
         EXPECT_EQ(device.transfers[i].aspi, i % 3 == 0 ? 77 : kNoAspi); // only of the register that was asked for
+    for (const auto& each : registers)
+        each->ClearDependencies(); // or the circles keep themselves alive
 }
 
-TEST_F(RegisterTransfer, ChainsMayBeAsLongAsADevice)
+TEST(RegisterTransfer, ChainsMayBeAsLongAsADevice)
 {
     constexpr std::size_t kLength = 300'000; // far more than a stack could hold
-    registers.push_back(std::make_shared<RegisterObject>());
+    FakeDevice device;
+    Registers registers = MakeRegisters(1, 8);
     for (std::size_t i = 1; i < kLength; ++i) {
         registers.push_back(std::make_shared<RegisterObject>());
         registers[i - 1]->AddDependency(registers[i]);

@@ -65,22 +65,6 @@ TEST_F(PosixFileSystemTest, RemovesAWorkingCopyThatDoesNotFit)
     EXPECT_EQ(files.ListFolder(folder.path), std::vector<std::string>{"source"});
 }
 
-TEST_F(PosixFileSystemTest, WritesLinesAtOnceAndForTheUserAlone)
-{
-    const std::string path = folder.Write("log", "old\n");
-    const auto appending = files.OpenText(path, OpenMode::Append);
-    const auto second = files.OpenText(path, OpenMode::Append);
-    appending->WriteLine("one");
-    second->WriteLine("");
-    appending->WriteLine("three");
-    EXPECT_EQ(folder.Read("log"), "old\none\n\nthree\n");
-    files.OpenText(path, OpenMode::Overwrite)->WriteLine("new");
-    EXPECT_EQ(folder.Read("log"), "new\n");
-    EXPECT_EQ(files.OpenText(folder.File("missing/log"), OpenMode::Append), nullptr);
-    files.OpenText(folder.File("fresh"), OpenMode::Append);
-    EXPECT_EQ(ModeOf(folder.File("fresh")), 0600U);
-}
-
 TEST_F(PosixFileSystemTest, KnowsWhichProcessesLive)
 {
     const pid_t child = fork();

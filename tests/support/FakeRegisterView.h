@@ -11,7 +11,7 @@ namespace tarvex {
 /// A register window without a window: keeps what it was told to show last, and how often.
 class FakeRegisterView : public IRegisterView {
 public:
-    bool IsViewVisible() const override { return visible; }
+    bool IsViewVisible() const override { return true; }
     void FillGrid() override
     {
         ++fills;
@@ -22,35 +22,24 @@ public:
         shownRows.push_back(position);
         echo();
     }
-    void ShowAllValues() override
-    {
-        ++shownWhole;
-        echo();
-    }
+    void ShowAllValues() override { echo(); }
     bool RealTime() const override { return realTime; }
     void RealTime(bool on) override { realTime = on; }
     void EnableTransfers(bool enabled) override { transfersEnabled = enabled; }
     void ShowRules(const ProductRules& rulesToShow) override { rules = rulesToShow; }
     void ShowTitle(const std::string& text) override { title = text; }
-    void ShowProducts(const std::vector<MenuChoice>& choices) override { products = choices; }
+    void ShowProducts(const std::vector<MenuChoice>&) override {}
     void ShowLinks(const std::vector<MenuChoice>& choices) override { links = choices; }
-    void ShowTarget(const std::string& address, const std::string& channel) override
-    {
-        target = address + " " + channel;
-    }
+    void ShowTarget(const std::string&, const std::string&) override {}
 
-    bool visible = true;
     bool realTime = false;
     std::function<void()> echo = [] {}; ///< what the grid reports while it takes new values
     int fills = 0;
-    int shownWhole = 0;
     std::vector<std::int16_t> shownRows;
     bool transfersEnabled = false;
     ProductRules rules{"", false, false};
     std::string title;
-    std::vector<MenuChoice> products;
     std::vector<MenuChoice> links;
-    std::string target;
 };
 
 }

@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <chrono>
 #include <exception>
-#include <fcntl.h>
+#include <iostream>
 #include <unistd.h>
 #include <utility>
 
@@ -23,9 +23,8 @@ using namespace std::chrono_literals;
 /// its handlers have ended, or after a short while when they have not: then a box or a wait is open.
 class Driver : public QObject {
 public:
-    Driver() : notifier_(kDescriptor, QSocketNotifier::Read)
+    Driver() : notifier_(STDIN_FILENO, QSocketNotifier::Read)
     {
-        fcntl(kDescriptor, F_SETFD, FD_CLOEXEC);
         QObject::connect(&notifier_, &QSocketNotifier::activated, this, [this] { Receive(); });
         QTimer::singleShot(0, this, [this] { Answer(0, {"ok", "ready"}); });
         beat_.start(kBeat);
@@ -37,8 +36,8 @@ public:
 private:
     void Receive()
     {
-        const std::string line = ReceiveLine(kDescriptor);
-        if (line.empty())
+        std::string line;
+        if (!std::getline(std::cin, line))      // one command at a time
             return notifier_.setEnabled(false); // the client is gone; the program goes on as it would without us
         const Fields command = ToFields(line);
         const int id = owed_ = ++last_;

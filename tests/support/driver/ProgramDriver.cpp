@@ -2,17 +2,9 @@
 
 #include "support/driver/Protocol.h"
 
-#include <algorithm>
-#include <csignal>
-#include <cstdlib>
-#include <fcntl.h>
 #include <fstream>
-#include <poll.h>
 #include <sstream>
 #include <stdexcept>
-#include <sys/socket.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace tarvex {
 
@@ -37,80 +29,63 @@ std::map<std::string, std::string> UsualEnvironment(const std::filesystem::path&
             {"QT_QPA_GENERIC_PLUGINS", "tarvexdriver"}};
 }
 
-void SetEnvironment(const ProgramStart& start)
+QProcessEnvironment EnvironmentOf(const ProgramStart& start)
 {
+    QProcessEnvironment result = QProcessEnvironment::systemEnvironment();
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME",
                              "XDG_STATE_HOME", "XDG_CURRENT_DESKTOP", "QT_STYLE_OVERRIDE", "QT_SCALE_FACTOR"})
-        unsetenv(name);
+        result.remove(name);
     auto environment = start.environment; // an empty value in it takes the variable away
     environment.merge(UsualEnvironment(start.folder));
-    for (const auto& [name, value] : environment) {
+    for (const auto& [name, value] : environment)
+        result.insert(QString::fromStdString(name), QString::fromStdString(value));
+    for (const auto& [name, value] : environment)
         if (value.empty())
-            unsetenv(name.c_str());
-        else
-            setenv(name.c_str(), value.c_str(), 1);
-    }
-}
-
-std::vector<char*> Pointers(std::vector<std::string>& texts)
-{
-    std::vector<char*> result;
-    for (std::string& text : texts)
-        result.push_back(text.data());
-    result.push_back(nullptr);
+            result.remove(QString::fromStdString(name));
     return result;
 }
 
-/// Makes this process, a fork of the test, the program.
-[[noreturn]] void Become(const ProgramStart& start, int socket) noexcept
-{
-    SetEnvironment(start);
-    std::filesystem::current_path(start.workingFolder.empty() ? start.folder : start.workingFolder);
-    dup2(open((start.folder / "stderr").c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600), STDERR_FILENO);
-    dup2(socket, driver::kDescriptor);
-    std::vector<std::string> arguments = start.switches;
-    arguments.insert(arguments.begin(), start.program);
-    execv(start.program.c_str(), Pointers(arguments).data());
-    _exit(127);
-}
+QString ToText(const std::filesystem::path& path) { return QString::fromStdString(path.string()); }
 
 }
 
 ProgramDriver::ProgramDriver(const ProgramStart& start) : folder_(start.folder)
 {
-    int ends[2];
-    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0)
-        Fail("no socket");
-    socket_ = ends[0];
-    pid_ = fork();
-    if (pid_ == 0)
-        Become(start, ends[1]);
-    close(ends[1]);
+    QStringList switches;
+    for (const std::string& each : start.switches)
+        switches << QString::fromStdString(each);
+    process_.setProcessEnvironment(EnvironmentOf(start));
+    process_.setWorkingDirectory(ToText(start.workingFolder.empty() ? start.folder : start.workingFolder));
+    process_.setStandardErrorFile(ToText(start.folder / "stderr"));
+    process_.start(ToText(start.program), switches);
+    if (!process_.waitForStarted())
+        Fail("the program does not start");
     ReadLine();
 }
 
 ProgramDriver::~ProgramDriver()
 {
-    if (exitCode_ < 0 && pid_ > 0) {
-        kill(pid_, SIGKILL);
-        waitpid(pid_, nullptr, 0);
-    }
-    close(socket_);
+    process_.kill();
+    process_.waitForFinished();
 }
 
-std::string ProgramDriver::ReadLine() const
+std::string ProgramDriver::ReadLine()
 {
-    pollfd poller{socket_, POLLIN, 0};
-    if (poll(&poller, 1, kPatience) <= 0)
-        Fail("the program does not answer; it said: " + ErrorOutput());
-    return driver::ReceiveLine(socket_);
+    while (!process_.canReadLine())
+        if (!process_.waitForReadyRead(kPatience)) {
+            if (process_.state() == QProcess::NotRunning)
+                return {};
+            Fail("the program does not answer; it said: " + ErrorOutput());
+        }
+    return process_.readLine().chopped(1).toStdString();
 }
 
 std::string ProgramDriver::Send(const std::vector<std::string>& command)
 {
     const std::string line = driver::ToLine(command);
-    if (send(socket_, line.data(), line.size(), MSG_NOSIGNAL) < 0)
+    if (process_.state() == QProcess::NotRunning)
         Fail("the program has ended before " + line + ": " + ErrorOutput());
+    process_.write(line.c_str());
     const std::string answer = ReadLine();
     if (answer.empty())
         return "ended"; // an input may end the program before it is answered
@@ -120,18 +95,13 @@ std::string ProgramDriver::Send(const std::vector<std::string>& command)
     return fields.at(1);
 }
 
-void ProgramDriver::Terminate() const { kill(pid_, SIGTERM); }
+void ProgramDriver::Terminate() { process_.terminate(); }
 
 int ProgramDriver::ExitCode()
 {
-    while (exitCode_ < 0) {
-        if (!ReadLine().empty())
-            continue;
-        int status = 0;
-        waitpid(pid_, &status, 0);
-        exitCode_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-    }
-    return exitCode_;
+    if (process_.state() != QProcess::NotRunning && !process_.waitForFinished(kPatience))
+        Fail("the program does not end; it said: " + ErrorOutput());
+    return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : 128 + process_.exitCode();
 }
 
 std::string ProgramDriver::ErrorOutput() const

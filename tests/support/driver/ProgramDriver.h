@@ -1,9 +1,10 @@
 #pragma once
 
+#include <QProcess>
+
 #include <filesystem>
 #include <map>
 #include <string>
-#include <sys/types.h>
 #include <vector>
 
 namespace tarvex {
@@ -41,20 +42,18 @@ public:
     std::string Text(const std::string& name) { return Send({"text", name}); }
 
     /// Asks the program to end, as the system does at shutdown.
-    void Terminate() const;
+    void Terminate();
     /// Waits for the end of the program: its exit code, or 128 and the number of the signal that killed it.
     int ExitCode();
-    pid_t Pid() const { return pid_; }
+    pid_t Pid() const { return static_cast<pid_t>(process_.processId()); }
     std::string ErrorOutput() const;
 
 private:
     /// One answer of the driver; empty when the program closed its side.
-    std::string ReadLine() const;
+    std::string ReadLine();
 
     std::filesystem::path folder_;
-    int socket_ = -1;
-    pid_t pid_ = -1;
-    int exitCode_ = -1;
+    QProcess process_;
 };
 
 }

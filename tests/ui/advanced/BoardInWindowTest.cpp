@@ -1,7 +1,5 @@
 #include "ui/advanced/AdvancedFormFixture.h"
 
-#include <QScrollBar>
-
 namespace tarvex {
 
 TEST_F(AdvancedFormTest, RegistersAreSetByValueAndByBitAndComeBackFromTheBoard)
@@ -51,33 +49,6 @@ TEST_F(AdvancedFormTest, OnlyEscapeIsHeardWhileTheBoardIsRead)
     EXPECT_EQ(Status(), "3 registers read, none failed. Cancelled with Escape.");
     EXPECT_EQ(Value("Red Gain").text(), "0");
     EXPECT_FALSE(IsShown("ProgressBar1"));
-}
-
-TEST_F(AdvancedFormTest, TheScrollBarAndTheKeysReachEveryRegister)
-{
-    StartWith("Vexlon");
-    auto& bar = Find<QScrollBar>("VScroll1");
-    EXPECT_EQ(bar.maximum(), 24 - 16);
-    bar.setValue(2);
-    EXPECT_EQ(NameOf(*Rows().front()), "Green Gain");
-    bar.setValue(0);
-    Value(NameOf(*Rows().back())).setFocus();
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
-    EXPECT_EQ(bar.value(), 1);
-    for (int page = 0; page < 2; ++page)
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageDown);
-    EXPECT_EQ(bar.value(), bar.maximum());
-    const QString last = NameOf(*Rows().back());
-    Type(last, "7E"); // of the register that is shown now, not of its row's first one
-    bar.setValue(0);
-    bar.setValue(bar.maximum());
-    EXPECT_EQ(Value(last).text(), "7E");
-
-    Entry("ProductMenu_1").trigger(); // another long list, from its top
-    EXPECT_EQ(bar.value(), 0);
-    Entry("ProductMenu_4").trigger();
-    EXPECT_FALSE(bar.isVisible());
-    EXPECT_LT(Rows().size(), 16U);
 }
 
 TEST_F(AdvancedFormTest, WhatIsSavedIsThereWhenItIsOpenedAgain)

@@ -107,22 +107,4 @@ TEST_F(BoardFiles, SavingAsksForANameOnce)
     EXPECT_FALSE(files.SaveAs());
 }
 
-TEST_F(BoardFiles, ClosingAsksAboutUnsavedEdits)
-{
-    const std::string question = "Save  file before closing"; // no file is open yet
-    StartWithVexlon();
-    FileActions files = Files();
-    EXPECT_TRUE(files.ConfirmClose());
-    board_->EditRegister("R1", 5);
-    prompts_.ExpectMessage(question, Answer::No);
-    EXPECT_TRUE(files.ConfirmClose());
-    prompts_.ExpectMessage(question, Answer::Yes);
-    prompts_.ExpectSaveFile(std::nullopt);
-    EXPECT_FALSE(files.ConfirmClose()); // cancelled: the window stays
-    prompts_.ExpectMessage(question, Answer::Yes);
-    prompts_.ExpectSaveFile("/data/new.xml");
-    EXPECT_TRUE(files.ConfirmClose());
-    EXPECT_EQ(saved_, Names{"/data/new.xml"});
-}
-
 }

@@ -10,32 +10,6 @@ const std::string kNoAnswer = "Unable to connect or verify communications to dev
 
 }
 
-TEST_F(BoardTest, EachProductHasItsLinkItsEntriesAndItsOldestFile)
-{
-    const struct {
-        const char* product;
-        const char* link; ///< the serial network is not among the links of this program: the demo board stays
-        bool serial, address;
-        const char* minimum;
-    } kProducts[] = {{"Vexlon", "USB-HID Device", false, false, "2.0.0"},
-                     {"Vexlon-Fx_Channel1", "USB-HID Device", false, false, "2.0.0"},
-                     {"Kestra-Fx", "USB-HID Device", false, true, "2.4.0"},
-                     {"Cendra", "Demo device", true, true, "2.4.0"},
-                     {"Ossary", "Demo device", true, true, "2.4.10"},
-                     {"Ossary-Plus", "Demo device", true, true, "2.4.0"}};
-    for (const auto& each : kProducts) {
-        SCOPED_TRACE(each.product);
-        Start();
-        board_->SelectProduct(each.product);
-        EXPECT_EQ(DeviceType(), each.link);
-        EXPECT_EQ(view_.rules.serialSettings, each.serial);
-        EXPECT_EQ(view_.rules.networkAddress, each.address);
-        EXPECT_EQ(state_.g_minInitVersion, each.minimum);
-        board_.reset();
-    }
-    EXPECT_EQ(view_.target, "0x333 1"); // of the last one
-}
-
 TEST_F(BoardTest, ALinkThatTheProgramLacksChangesNothing)
 {
     StartWithVexlon();

@@ -123,24 +123,6 @@ TEST_F(BoardTest, LoadingAfterAnIncompleteReadAsksNothing)
     board_->LoadConfiguration();
 }
 
-TEST_F(BoardTest, AFailedWriteStaysMarked)
-{
-    StartWithVexlon();
-    for (const char* name : {"R1", "R2", "R3"})
-        board_->EditRegister(name, 0x55);
-    FailAt(0x22);
-    prompts_.ExpectMessage("No answer");
-    board_->LoadConfiguration();
-    EXPECT_EQ(Changed(), Names{"R2"});
-    EXPECT_EQ(Status(), "2 registers written, 1 failed.");
-
-    usb_->raiseAt.clear();
-    usb_->transfers.clear();
-    board_->LoadConfiguration();
-    EXPECT_EQ(Writes(), Ids{0x22});
-    EXPECT_EQ(Status(), "1 register written, none failed.");
-}
-
 TEST_F(BoardTest, ARefusedValueIsPutBack)
 {
     StartWithVexlon();

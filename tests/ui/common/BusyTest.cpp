@@ -172,18 +172,6 @@ TEST_F(InputGateTest, CarriesOutARememberedCloseAfterTheSequence)
     EXPECT_TRUE(RunUntil([&] { return !window.isVisible(); }));
 }
 
-TEST_F(InputGateTest, LetsTheAnswerOfABoxThroughAndThenSwallowsAgain)
-{
-    const BusyGuard guard(busy);
-    QDialog box;
-    box.setObjectName("MessageBox");
-    OnceShown<QDialog>("MessageBox", [](QDialog& shown) { QTest::keyClick(shown.windowHandle(), Qt::Key_Escape); });
-    EXPECT_EQ(box.exec(), QDialog::Rejected);
-    EXPECT_FALSE(busy.Cancelled()); // that Escape was the box's
-    TypeAndClick();
-    ExpectReceived("", 0);
-}
-
 /// A call that lasts until the test lets it end, and then wakes its waiter from another thread.
 class HeldCall : public IPendingCall {
 public:

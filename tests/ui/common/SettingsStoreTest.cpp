@@ -26,22 +26,6 @@ protected:
 
 }
 
-TEST_F(SettingsStoreTest, GivesBackEveryTextAfterARestart)
-{
-    const std::vector<std::string> texts{"True",  "",        "0x0000", " blanks ",    "\"quoted\"",       "\"",
-                                         "a=b;c", "back\\n", "a\nb\r", "\xC3\xA4[x]", "[UserPreferences]"};
-    const std::string deep = path + "/new/folder/tarvex.ini";
-    SettingsStore store(deep);
-    for (std::size_t i = 0; i < texts.size(); ++i)
-        store.Write("UserPreferences", "Key" + std::to_string(i), texts[i]);
-    ASSERT_TRUE(store.Flush());
-
-    SettingsStore again(deep);
-    for (std::size_t i = 0; i < texts.size(); ++i)
-        EXPECT_EQ(again.Read("UserPreferences", "Key" + std::to_string(i)), texts[i]);
-    EXPECT_EQ(again.Read("Other", "Key0"), std::nullopt);
-}
-
 TEST_F(SettingsStoreTest, KeepsWhatIsNotItsOwn)
 {
     Fill("; by hand\n[Other]\nBaud=1\n\n[UserPreferences]\r\n  Baud = 9600\r\n\n[Last]\nx");

@@ -52,22 +52,6 @@ TEST_F(UserPromptsTest, AnswersWithTheButtonAndForAClosedBox)
     }
 }
 
-TEST_F(UserPromptsTest, PicksADevice)
-{
-    const auto browse = [&](int downs, Qt::Key key) {
-        OnceShown<QDialog>("DeviceBrowseDialog", [=](QDialog& dialog) {
-            for (int i = 0; i < downs; ++i)
-                PressKey(dialog, Qt::Key_Down);
-            PressKey(dialog, key);
-        });
-        return prompts.BrowseForDevice({"Kestra Rack A (0x1A2B)", "same", "same"});
-    };
-    EXPECT_EQ(prompts.BrowseForDevice({}), std::nullopt);
-    EXPECT_EQ(browse(0, Qt::Key_Return), std::nullopt); // nothing selected
-    EXPECT_EQ(browse(3, Qt::Key_Return), 2U);
-    EXPECT_EQ(browse(2, Qt::Key_Escape), std::nullopt);
-}
-
 constexpr const char* kFilter = "XML (*.xml)|*.xml|All (*.*)|*.*";
 
 /// Types a name into the dialog and presses Return.
