@@ -138,7 +138,7 @@ TEST_F(Faults, LateAnswerIsNotTakenForTheNext)
 {
     const RegisterAddress other{0x0451, 0x0021};
     board.Set(other, {0x77});
-    for (const RegisterAddress next : {kScratch, other}) {
+    for (const RegisterAddress& next : {kScratch, other}) {
         board.Break({.holdAnswer = true});
         EXPECT_FALSE(computer.Read(kScratch));
         board.Set(kScratch, {0x66});
