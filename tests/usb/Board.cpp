@@ -112,7 +112,7 @@ void Board::WriteAttribute(const std::string& name, const std::string& value) co
         Fail(path);
 }
 
-void Board::PlugWithoutWaiting()
+void Board::Plug(bool waits)
 {
     WriteAttribute("UDC", "dummy_udc." + std::to_string(setup_.socket));
     std::string numbers;
@@ -121,35 +121,24 @@ void Board::PlugWithoutWaiting()
     endpoint_ = open(node.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
     if (endpoint_ < 0)
         Fail(node);
+    stopping_ = false;
     firmware_ = std::thread(&Board::Serve, this);
-}
-
-void Board::Plug()
-{
-    PlugWithoutWaiting();
-    if (!WaitUntil([this] { return !Node().empty(); }))
-        throw std::runtime_error("No node for the board");
+    if (waits && !WaitUntil([this] { return !Node().empty(); }))
+        Fail("No node for the board");
 }
 
 void Board::Unplug()
 {
     WriteAttribute("UDC", "\n");
-    StopFirmware();
-    if (!WaitUntil([this] { return Node().empty(); }))
-        throw std::runtime_error("The board's node stays");
-}
-
-void Board::StopFirmware()
-{
     {
         const std::lock_guard lock(mutex_);
         stopping_ = true;
     }
-    Wake();
+    eventfd_write(wake_, 1);
     firmware_.join();
     close(endpoint_);
-    stopping_ = false;
-    held_.clear();
+    if (!WaitUntil([this] { return Node().empty(); }))
+        Fail("The board's node stays");
 }
 
 std::string Board::Node() const
@@ -167,15 +156,13 @@ std::string Board::Node() const
     return {};
 }
 
-void Board::Wake() const { eventfd_write(wake_, 1); }
-
 void Board::Break(BoardFaults faults)
 {
     {
         const std::lock_guard lock(mutex_);
         faults_ = std::move(faults);
     }
-    Wake();
+    eventfd_write(wake_, 1);
 }
 
 void Board::Set(RegisterAddress address, Bytes value)
@@ -196,12 +183,10 @@ std::vector<Bytes> Board::TakeReceived()
     return std::exchange(received_, {});
 }
 
-bool Board::WaitForReport()
+std::size_t Board::ReceivedCount()
 {
-    return WaitUntil([this] {
-        const std::lock_guard lock(mutex_);
-        return !received_.empty();
-    });
+    const std::lock_guard lock(mutex_);
+    return received_.size();
 }
 
 void Board::ReleaseAnswer()
@@ -216,42 +201,40 @@ void Board::ReleaseAnswer()
     const int ready = poll(&arrived, 1, 5000);
     close(node);
     if (ready != 1)
-        throw std::runtime_error("The held answer did not arrive");
+        Fail("The held answer did not arrive");
+}
+
+/// False when the firmware ends.
+bool Board::MayTake(bool& takes)
+{
+    const std::lock_guard lock(mutex_);
+    takes = !faults_.takesNothing;
+    return !stopping_;
 }
 
 void Board::Serve()
 {
-    while (true) {
-        bool takes = true;
-        {
-            const std::lock_guard lock(mutex_);
-            if (stopping_)
-                return;
-            takes = !faults_.takesNothing;
-        }
+    for (bool takes = true; MayTake(takes);) {
         pollfd ready[] = {{wake_, POLLIN, 0}, {takes ? endpoint_ : -1, POLLIN, 0}};
         poll(ready, 2, -1);
         eventfd_t count = 0;
         eventfd_read(wake_, &count);
-        if ((ready[1].revents & POLLIN) == 0)
-            continue;
         Bytes report(kLongestReport);
-        const ssize_t length = read(endpoint_, report.data(), report.size());
-        report.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+        const ssize_t length = ready[1].revents != 0 ? read(endpoint_, report.data(), report.size()) : 0;
+        if (length <= 0)
+            continue;
+        report.resize(static_cast<std::size_t>(length));
+        const std::lock_guard lock(mutex_);
+        received_.push_back(report);
         if (!setup_.reportIds)
             report.insert(report.begin(), kReadReport);
-        const std::lock_guard lock(mutex_);
-        Handle(report);
+        if (report.size() > kHeader)
+            Handle(report);
     }
 }
 
 void Board::Handle(const Bytes& report)
 {
-    if (report.empty())
-        return;
-    received_.push_back(report);
-    if (report.size() <= kHeader)
-        return;
     if (report[0] == kWriteReport && !faults_.readOnly.contains(AddressOf(report))) {
         const auto data = report.begin() + kHeader;
         registers_[AddressOf(report)] = Bytes(data, data + static_cast<std::ptrdiff_t>(DataSize(report)));

@@ -52,10 +52,8 @@ public:
     Board(const Board&) = delete;
     Board& operator=(const Board&) = delete;
 
-    /// Returns when the system has the board's node.
-    void Plug();
-    /// Returns at once.
-    void PlugWithoutWaiting();
+    /// Returns when the system has the board's node, or at once.
+    void Plug(bool waits = true);
     /// Returns when the system's node is gone.
     void Unplug();
     /// The node in which programs see the board; empty when there is none.
@@ -68,17 +66,15 @@ public:
     Bytes Get(RegisterAddress address);
     /// Every report that arrived since the last call.
     std::vector<Bytes> TakeReceived();
-    /// Waits for the next report that is not yet taken.
-    bool WaitForReport();
+    std::size_t ReceivedCount();
 
 private:
     void WriteAttribute(const std::string& name, const std::string& value) const;
     void Serve();
+    bool MayTake(bool& takes);
     void Handle(const Bytes& report);
     void Answer(const Bytes& request);
     void Send(const Bytes& answer) const;
-    void Wake() const;
-    void StopFirmware();
 
     const BoardSetup setup_;
     const std::string folder_;

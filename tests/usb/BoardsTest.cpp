@@ -1,3 +1,4 @@
+#include "base/Error.h"
 #include "usb/Computer.h"
 
 #include <fcntl.h>
@@ -73,19 +74,14 @@ TEST(Boards, ServeTwoProgramsAtOnce)
             computer.Connect();
             int wrong = 0;
             const auto start = SteadyClock::now();
-            milliseconds longest{};
             for (int i = 0; i < 1000; ++i) {
                 const int parameter = number * 64 + i % 64;
-                const auto readStart = SteadyClock::now();
                 const auto value = computer.Read({0x0451, static_cast<std::uint16_t>(parameter)});
-                longest = std::max(longest, Since(readStart));
-                if (value && *value != parameter + 1)
-                    ++wrong;
+                wrong += value && *value != parameter + 1 ? 1 : 0;
             }
-            EXPECT_EQ(wrong, 0);
-            EXPECT_EQ(computer.failedReads, 0);
-            std::cout << "program " << number << ": 1000 reads in " << Since(start).count() << " ms, the longest in "
-                      << longest.count() << " ms, " << wrong << " wrong, " << computer.failedReads << " failed\n";
+            EXPECT_EQ(wrong + computer.failures, 0);
+            std::cout << "program " << number << ": 1000 reads in " << Since(start).count() << " ms, " << wrong
+                      << " wrong, " << computer.failures << " failed\n";
         });
     for (const pid_t program : programs)
         EXPECT_TRUE(WaitForProgram(program));
@@ -103,6 +99,7 @@ TEST(Boards, WithoutRightsAreRefusedWithAHintUntilTheRightsCome)
         Computer computer;
         const auto start = SteadyClock::now();
         EXPECT_EQ(computer.device.connect(kVexlon, kVendor), 0);
+        EXPECT_NE(computer.device.OpenRefusedHint().find("70-tarvex.rules"), std::string::npos);
         std::cout << "no right to open: given up after " << Since(start).count() << " ms\n";
     })));
     int ready[2];
@@ -130,7 +127,7 @@ TEST(Boards, OfOtherReportLengthsAreUsedOrRefused)
         std::uint8_t output;
         std::uint8_t input;
         std::size_t wire; ///< bytes of a request as the board gets it, 0 = refused
-    } rows[] = {{true, 40, 33, 41}, {true, 99, 120, 100}, {false, 64, 64, 64}, {true, 0, 63, 0}, {true, 63, 0, 0}};
+    } rows[] = {{true, 20, 33, 21}, {true, 99, 120, 100}, {false, 64, 64, 64}, {true, 0, 63, 0}, {true, 63, 0, 0}};
     for (const auto& [ids, output, input, wire] : rows) {
         SCOPED_TRACE(testing::Message() << "ids " << ids << ", " << int{output} << " out, " << int{input} << " in");
         Board board({.reportIds = ids, .outputBytes = output, .inputBytes = input});
@@ -141,9 +138,11 @@ TEST(Boards, OfOtherReportLengthsAreUsedOrRefused)
         if (wire == 0)
             continue;
         EXPECT_EQ(computer.Read(kScratch), 0x5A);
-        EXPECT_EQ(board.TakeReceived().at(0).size(), wire + (ids ? 0 : 1));
-        EXPECT_ANY_THROW(computer.device.WriteTo(0x0451, 0x20, Bytes(output), output, kNoAspi));
-        EXPECT_TRUE(board.TakeReceived().empty());
+        EXPECT_EQ(board.TakeReceived().at(0).size(), wire);
+        if (output < 36) {
+            EXPECT_THROW(computer.device.WriteTo(0x0451, 0x20, Bytes(31), 31, kNoAspi), Error);
+            EXPECT_TRUE(board.TakeReceived().empty());
+        }
     }
 }
 
@@ -155,24 +154,20 @@ TEST(Boards, ComeAndGoWhileTheyAreListed)
     auto listing = std::async(std::launch::async, [&] {
         Computer computer;
         int seen = 0;
-        int connected = 0;
+        int opened = 0;
         while (!ended) {
             const auto present = computer.services.Enumerate();
             if (present && !present->empty()) {
                 ++seen;
-                EXPECT_EQ(present->size(), 1u);
-                EXPECT_EQ(present->front().path.rfind("/dev/hidraw", 0), 0u);
+                EXPECT_EQ(present->front().attributes.productId, kVexlon);
             }
-            connected += computer.device.connect(kVexlon, kVendor);
+            opened += computer.device.connect(kVexlon, kVendor);
             computer.device.Disconnect();
         }
-        std::cout << "came and went: listed " << seen << " times, opened " << connected << " times\n";
+        std::cout << "came and went: listed " << seen << " times, opened " << opened << " times\n";
     });
     for (int i = 0; i < cycles; ++i) {
-        if (i % 2 == 0)
-            board.Plug();
-        else
-            board.PlugWithoutWaiting();
+        board.Plug(i % 2 == 0);
         std::this_thread::sleep_for(milliseconds(i * 37 % 130)); // at another moment each time
         board.Unplug();
     }
