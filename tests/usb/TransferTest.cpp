@@ -40,7 +40,7 @@ TEST_F(Transfers, HaveTheirBytesOnTheWireAndInTheLog)
     EXPECT_EQ(std::regex_replace(computer.LogText(), std::regex("\\[[-0-9]+ [:0-9]+\\]"), "[time]"),
               LogLine("Rx: 2 51 4 20 0 21 5A") + LogLine("Tx: 1 51 4 20 0 21 80") + LogLine("Rx: 2 51 4 20 0 21 80"));
     EXPECT_EQ(computer.device.FirmwareVersion(), "v1.2");
-    EXPECT_EQ(computer.device.productName(), "Vexlon");
+    EXPECT_EQ(computer.device.productName(), "Vexlon 0");
     EXPECT_EQ(computer.device.DevicePath(), board.Node());
 }
 
