@@ -1,14 +1,11 @@
 #include "usb/Board.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <poll.h>
-#include <stdexcept>
-#include <sys/eventfd.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace tarvex {
@@ -17,17 +14,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t kLongestReport = 256;
 constexpr std::uint8_t kWriteReport = 1;
 constexpr std::uint8_t kReadReport = 2;
 constexpr std::size_t kHeader = 6; // the report id, both ids of the register, the length byte
+constexpr int kLookPause = 2;      // ms between two looks at what the firmware is told
 
-std::uint16_t WordAt(const Bytes& report, std::size_t index)
-{
-    return static_cast<std::uint16_t>(report[index] | report[index + 1] << 8);
-}
-
-RegisterAddress AddressOf(const Bytes& report) { return {WordAt(report, 1), WordAt(report, 3)}; }
+RegisterAddress AddressOf(const Bytes& report) { return {report[1] | report[2] << 8, report[3] | report[4] << 8}; }
 
 std::size_t DataSize(const Bytes& report)
 {
@@ -35,33 +27,34 @@ std::size_t DataSize(const Bytes& report)
     return std::min(declared, report.size() - kHeader);
 }
 
-/// One vendor-defined collection.
+void Check(bool good, const std::string& what)
+{
+    if (!good)
+        throw std::system_error(errno, std::generic_category(), what);
+}
+
+/// One vendor-defined collection of bytes.
 Bytes ReportDescriptor(const BoardSetup& setup)
 {
     Bytes descriptor = {0x06, 0x00, 0xFF, 0x09, 0x01, 0xA1, 0x01, 0x15, 0x00, 0x26, 0xFF, 0x00, 0x75, 0x08};
-    const auto append = [&](const Bytes& items) { descriptor.insert(descriptor.end(), items.begin(), items.end()); };
+    const auto add = [&](bool wanted, const Bytes& items) {
+        descriptor.insert(descriptor.end(), items.begin(), wanted ? items.end() : items.begin());
+    };
     const Bytes output = {0x95, setup.outputBytes, 0x09, 0x02, 0x91, 0x02};
-    if (setup.reportIds)
-        append({0x85, kWriteReport});
-    if (setup.outputBytes > 0)
-        append(output);
-    if (setup.reportIds)
-        append({0x85, kReadReport});
-    if (setup.reportIds && setup.outputBytes > 0)
-        append(output);
-    if (setup.inputBytes > 0)
-        append({0x95, setup.inputBytes, 0x09, 0x04, 0x81, 0x02});
-    append({0xC0});
+    add(setup.reportIds, {0x85, kWriteReport});
+    add(setup.outputBytes > 0, output);
+    add(setup.reportIds, {0x85, kReadReport});
+    add(setup.reportIds && setup.outputBytes > 0, output);
+    add(setup.inputBytes > 0, {0x95, setup.inputBytes, 0x09, 0x04, 0x81, 0x02});
+    add(true, {0xC0});
     return descriptor;
 }
 
-[[noreturn]] void Fail(const std::string& what) { throw std::runtime_error(what + ": " + std::strerror(errno)); }
-
 }
 
-bool WaitUntil(const std::function<bool()>& condition, std::chrono::milliseconds limit)
+bool WaitUntil(const std::function<bool()>& condition)
 {
-    const auto end = std::chrono::steady_clock::now() + limit;
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
     while (!condition()) {
         if (std::chrono::steady_clock::now() > end)
             return false;
@@ -70,112 +63,77 @@ bool WaitUntil(const std::function<bool()>& condition, std::chrono::milliseconds
     return true;
 }
 
-Board::Board(BoardSetup setup)
-    : setup_(std::move(setup)), folder_("/config/usb_gadget/board" + std::to_string(setup_.socket)),
-      wake_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+Board::Board(BoardSetup setup) : setup_(setup), folder_("/config/usb_gadget/board" + std::to_string(setup.socket))
 {
     for (const char* part : {"", "/strings/0x409", "/functions/hid.usb0", "/configs/c.1"})
         fs::create_directory(folder_ + part);
+    const Bytes descriptor = ReportDescriptor(setup_);
+    const int longest = std::max(setup_.outputBytes, setup_.inputBytes) + (setup_.reportIds ? 1 : 0);
     WriteAttribute("idVendor", "0x12c5");
     WriteAttribute("idProduct", std::to_string(setup_.productId));
     WriteAttribute("bcdDevice", "0x0102");
-    WriteAttribute("strings/0x409/manufacturer", "Tarvex");
-    WriteAttribute("strings/0x409/product", setup_.productName);
-    WriteAttribute("strings/0x409/serialnumber", std::to_string(setup_.socket));
-    WriteAttribute("functions/hid.usb0/protocol", "0");
-    WriteAttribute("functions/hid.usb0/subclass", "0");
-    const int longest = std::max(setup_.outputBytes, setup_.inputBytes) + (setup_.reportIds ? 1 : 0);
+    WriteAttribute("strings/0x409/product", "Vexlon " + std::to_string(setup_.socket));
     WriteAttribute("functions/hid.usb0/report_length", std::to_string(longest));
-    const Bytes descriptor = ReportDescriptor(setup_);
     WriteAttribute("functions/hid.usb0/report_desc", {descriptor.begin(), descriptor.end()});
     fs::create_directory_symlink(folder_ + "/functions/hid.usb0", folder_ + "/configs/c.1/hid.usb0");
 }
 
 Board::~Board()
 {
-    if (firmware_.joinable())
+    if (plugged_)
         Unplug();
-    for (const char* part : {"/configs/c.1/hid.usb0", "/configs/c.1", "/functions/hid.usb0", "/strings/0x409", ""}) {
-        std::error_code ignored;
-        fs::remove(folder_ + part, ignored);
-    }
-    close(wake_);
+    for (const char* part : {"/configs/c.1/hid.usb0", "/configs/c.1", "/functions/hid.usb0", "/strings/0x409", ""})
+        fs::remove(folder_ + part);
 }
 
 void Board::WriteAttribute(const std::string& name, const std::string& value) const
 {
-    const std::string path = folder_ + "/" + name;
-    const int file = open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    const int file = open((folder_ + "/" + name).c_str(), O_WRONLY | O_CLOEXEC);
     const ssize_t written = write(file, value.data(), value.size());
     close(file);
-    if (written != static_cast<ssize_t>(value.size()))
-        Fail(path);
+    Check(written == static_cast<ssize_t>(value.size()), name);
 }
 
-void Board::PlugWithoutWaiting()
+void Board::Plug(bool waits)
 {
     WriteAttribute("UDC", "dummy_udc." + std::to_string(setup_.socket));
     std::string numbers;
     std::ifstream(folder_ + "/functions/hid.usb0/dev") >> numbers;
     const std::string node = "/dev/hidg" + numbers.substr(numbers.find(':') + 1);
     endpoint_ = open(node.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
-    if (endpoint_ < 0)
-        Fail(node);
+    Check(endpoint_ >= 0, node);
+    plugged_ = true;
     firmware_ = std::thread(&Board::Serve, this);
-}
-
-void Board::Plug()
-{
-    PlugWithoutWaiting();
-    if (!WaitUntil([this] { return !Node().empty(); }))
-        throw std::runtime_error("No node for the board");
+    Check(!waits || WaitUntil([this] { return !Node().empty(); }), "No node for the board");
 }
 
 void Board::Unplug()
 {
     WriteAttribute("UDC", "\n");
-    StopFirmware();
-    if (!WaitUntil([this] { return Node().empty(); }))
-        throw std::runtime_error("The board's node stays");
-}
-
-void Board::StopFirmware()
-{
-    {
-        const std::lock_guard lock(mutex_);
-        stopping_ = true;
-    }
-    Wake();
+    plugged_ = false;
     firmware_.join();
     close(endpoint_);
-    stopping_ = false;
-    held_.clear();
+    Check(WaitUntil([this] { return Node().empty(); }), "The board's node stays");
 }
 
 std::string Board::Node() const
 {
     char id[48];
-    std::snprintf(id, sizeof id, "HID_ID=0003:000012C5:%08X", static_cast<unsigned>(setup_.productId));
-    std::error_code ignored;
-    for (const auto& entry : fs::directory_iterator("/sys/class/hidraw", ignored)) {
+    std::snprintf(id, sizeof id, "HID_ID=0003:000012C5:%08X", unsigned{setup_.productId});
+    for (const auto& entry : fs::directory_iterator("/sys/class/hidraw")) {
         std::ifstream event(entry.path() / "device/uevent");
         const std::string node = "/dev/" + entry.path().filename().string();
         for (std::string line; std::getline(event, line);)
-            if (line == id && fs::exists(node, ignored))
+            if (line == id && fs::exists(node))
                 return node;
     }
     return {};
 }
 
-void Board::Wake() const { eventfd_write(wake_, 1); }
-
 void Board::Break(BoardFaults faults)
 {
-    {
-        const std::lock_guard lock(mutex_);
-        faults_ = std::move(faults);
-    }
-    Wake();
+    const std::lock_guard lock(mutex_);
+    faults_ = std::move(faults);
 }
 
 void Board::Set(RegisterAddress address, Bytes value)
@@ -196,68 +154,50 @@ std::vector<Bytes> Board::TakeReceived()
     return std::exchange(received_, {});
 }
 
-bool Board::WaitForReport()
+std::size_t Board::ReceivedCount()
 {
-    return WaitUntil([this] {
-        const std::lock_guard lock(mutex_);
-        return !received_.empty();
-    });
+    const std::lock_guard lock(mutex_);
+    return received_.size();
 }
 
 void Board::ReleaseAnswer()
 {
     // A second reader of the node shows when the answer has arrived.
-    const int node = open(Node().c_str(), O_RDONLY | O_CLOEXEC);
+    pollfd node{open(Node().c_str(), O_RDONLY | O_CLOEXEC), POLLIN, 0};
     {
         const std::lock_guard lock(mutex_);
         Send(std::exchange(held_, {}));
     }
-    pollfd arrived{node, POLLIN, 0};
-    const int ready = poll(&arrived, 1, 5000);
-    close(node);
-    if (ready != 1)
-        throw std::runtime_error("The held answer did not arrive");
+    Check(poll(&node, 1, 5000) == 1, "The held answer did not arrive");
+    close(node.fd);
 }
 
 void Board::Serve()
 {
-    while (true) {
-        bool takes = true;
-        {
-            const std::lock_guard lock(mutex_);
-            if (stopping_)
-                return;
-            takes = !faults_.takesNothing;
-        }
-        pollfd ready[] = {{wake_, POLLIN, 0}, {takes ? endpoint_ : -1, POLLIN, 0}};
-        poll(ready, 2, -1);
-        eventfd_t count = 0;
-        eventfd_read(wake_, &count);
-        if ((ready[1].revents & POLLIN) == 0)
+    while (plugged_) {
+        pollfd ready{endpoint_, POLLIN, 0};
+        poll(&ready, 1, kLookPause);
+        const std::lock_guard lock(mutex_);
+        Bytes report(256);
+        const ssize_t length = faults_.takesNothing ? 0 : read(endpoint_, report.data(), report.size());
+        if (length <= 0)
             continue;
-        Bytes report(kLongestReport);
-        const ssize_t length = read(endpoint_, report.data(), report.size());
-        report.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+        report.resize(static_cast<std::size_t>(length));
+        received_.push_back(report);
         if (!setup_.reportIds)
             report.insert(report.begin(), kReadReport);
-        const std::lock_guard lock(mutex_);
-        Handle(report);
+        if (report.size() > kHeader)
+            Handle(report);
     }
 }
 
 void Board::Handle(const Bytes& report)
 {
-    if (report.empty())
-        return;
-    received_.push_back(report);
-    if (report.size() <= kHeader)
-        return;
-    if (report[0] == kWriteReport && !faults_.readOnly.contains(AddressOf(report))) {
-        const auto data = report.begin() + kHeader;
-        registers_[AddressOf(report)] = Bytes(data, data + static_cast<std::ptrdiff_t>(DataSize(report)));
-    }
+    const auto data = report.begin() + kHeader;
     if (report[0] == kReadReport)
         Answer(report);
+    else if (!faults_.readOnly.contains(AddressOf(report)))
+        registers_[AddressOf(report)] = Bytes(data, data + static_cast<std::ptrdiff_t>(DataSize(report)));
 }
 
 void Board::Answer(const Bytes& request)
@@ -267,10 +207,9 @@ void Board::Answer(const Bytes& request)
         return;
     }
     Bytes answer(request.begin(), request.begin() + kHeader);
-    answer.resize(std::size_t{1} + setup_.inputBytes);
     const Bytes& value = registers_[AddressOf(request)];
-    std::copy_n(value.begin(), std::min({value.size(), DataSize(request), answer.size() - kHeader}),
-                answer.begin() + kHeader);
+    answer.insert(answer.end(), value.begin(), value.end());
+    answer.resize(std::size_t{1} + setup_.inputBytes);
     if (faults_.lengthByte >= 0)
         answer[5] = static_cast<std::uint8_t>(faults_.lengthByte);
     for (; faults_.wrongAnswers > 0; --faults_.wrongAnswers) {
@@ -278,21 +217,19 @@ void Board::Answer(const Bytes& request)
         wrong[3] ^= 0xFF;
         Send(wrong);
     }
-    if (faults_.holdAnswer) {
-        faults_.holdAnswer = false;
+    if (std::exchange(faults_.holdAnswer, false))
         held_ = answer;
-        return;
-    }
-    Send(answer);
+    else
+        Send(answer);
 }
 
 void Board::Send(const Bytes& answer) const
 {
     pollfd ready{endpoint_, POLLOUT, 0};
     poll(&ready, 1, 1000);
-    const std::size_t skipped = setup_.reportIds ? 0 : 1;
+    const std::size_t first = setup_.reportIds ? 0 : 1;
     // Without a program that reads, or unplugged meanwhile, nobody misses the answer.
-    [[maybe_unused]] const ssize_t written = write(endpoint_, answer.data() + skipped, answer.size() - skipped);
+    [[maybe_unused]] const ssize_t written = write(endpoint_, answer.data() + first, answer.size() - first);
 }
 
 }

@@ -2,6 +2,7 @@
 
 #include "base/Types.h"
 
+#include <atomic>
 #include <chrono>
 #include <cstdint>
 #include <functional>
@@ -15,9 +16,8 @@
 
 namespace tarvex {
 
-/// Looks again and again until the condition holds; false when it does not within the limit.
-bool WaitUntil(const std::function<bool()>& condition,
-               std::chrono::milliseconds limit = std::chrono::milliseconds(5000));
+/// Looks again and again until the condition holds; false when it does not within 5 seconds.
+bool WaitUntil(const std::function<bool()>& condition);
 
 /// Processor and parameter of a register.
 using RegisterAddress = std::pair<std::uint16_t, std::uint16_t>;
@@ -35,7 +35,6 @@ struct BoardFaults {
 struct BoardSetup {
     int socket = 0; ///< 0 or 1
     std::uint16_t productId = 0x0A51;
-    std::string productName = "Vexlon";
     /// With ids, 1 goes to the board and 2 both ways; without, the board takes every report for a read request.
     bool reportIds = true;
     std::uint8_t outputBytes = 63; ///< without the id; 0 = no such report
@@ -46,16 +45,14 @@ struct BoardSetup {
 /// its register memory on a thread of its own. It is made unplugged and removed when it is destroyed.
 class Board {
 public:
-    /// Any failure is a std::runtime_error.
+    /// Any failure is a std::system_error.
     explicit Board(BoardSetup setup = {});
     ~Board();
     Board(const Board&) = delete;
     Board& operator=(const Board&) = delete;
 
-    /// Returns when the system has the board's node.
-    void Plug();
-    /// Returns at once.
-    void PlugWithoutWaiting();
+    /// Returns when the system has the board's node, or at once.
+    void Plug(bool waits = true);
     /// Returns when the system's node is gone.
     void Unplug();
     /// The node in which programs see the board; empty when there is none.
@@ -68,8 +65,7 @@ public:
     Bytes Get(RegisterAddress address);
     /// Every report that arrived since the last call.
     std::vector<Bytes> TakeReceived();
-    /// Waits for the next report that is not yet taken.
-    bool WaitForReport();
+    std::size_t ReceivedCount();
 
 private:
     void WriteAttribute(const std::string& name, const std::string& value) const;
@@ -77,16 +73,13 @@ private:
     void Handle(const Bytes& report);
     void Answer(const Bytes& request);
     void Send(const Bytes& answer) const;
-    void Wake() const;
-    void StopFirmware();
 
     const BoardSetup setup_;
     const std::string folder_;
     int endpoint_ = -1;
-    int wake_;
     std::thread firmware_;
+    std::atomic<bool> plugged_ = false;
     std::mutex mutex_; ///< guards all below
-    bool stopping_ = false;
     BoardFaults faults_;
     Bytes held_;
     std::map<RegisterAddress, Bytes> registers_;

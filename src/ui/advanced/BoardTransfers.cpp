@@ -180,10 +180,13 @@ void BoardActions::WriteOne(const std::shared_ptr<RegisterObject>& object)
 
 void BoardActions::RealTimeTicked()
 {
-    if (view_.RealTime() && !link_.Verify()) {
+    if (!view_.RealTime())
+        return;
+    const bool answers = link_.Verify();
+    if (!answers)
         view_.RealTime(false);
-        services_.statusLine.DisplayStatusMessage("The board does not answer: Real Time Update stays off.");
-    }
+    services_.statusLine.DisplayStatusMessage(answers ? "The board answers: each change is written at once."
+                                                      : "The board does not answer: Real Time Update stays off.");
 }
 
 void BoardActions::Report(const char* verb, const TransferResult& result)
