@@ -38,10 +38,10 @@ class Application {
 public:
     explicit Application(const std::string& commandLine)
         : state_(StateOfThisProcess()), errorLog_(files_, "TarvexError.log"), packetLog_(files_, clock_), wait_(busy_),
-          prompts_(files_.FindOwnFile(state_.programFolder + "/" + kHelpFileName)),
-          hidServices_(wait_), settings_(SettingsStore::DefaultPath(state_.programFileName)),
-          mainWindow_({state_, preferences_, settings_, files_, clock_, prompts_, errorLog_, wait_, busy_,
-                       deviceChanges_}),
+          prompts_(files_.FindOwnFile(state_.programFolder + "/" + kHelpFileName)), hidServices_(wait_),
+          settings_(SettingsStore::DefaultPath(state_.programFileName)),
+          mainWindow_(
+              {state_, preferences_, settings_, files_, clock_, prompts_, errorLog_, wait_, busy_, deviceChanges_}),
           startup_(Services(commandLine), Libraries(), settings_, mainWindow_), signals_(busy_)
     {
         UncaughtErrors::Install(&errorLog_, &prompts_);

@@ -13,11 +13,12 @@ protected:
     Window() : driver(With({}))
     {
         driver.WaitShown("AdvancedForm");
+        LatestBeat();
         driver.Menu("ProductMenu_0");
         driver.WaitText("UI_RegisterItem_0/NameLabel", "Scratch");
         driver.Menu("CommLinkMenu_0");
         driver.WaitText("StatusBar1/Message", "registers read, none failed");
-        LatestBeat();
+        driver.WaitIdle();
     }
 
     void Board(const std::string& command) { std::ofstream("/run/board") << command << std::endl; }
@@ -31,6 +32,7 @@ protected:
     void Press(const std::string& button, const std::string& outcome)
     {
         driver.Click(button);
+        driver.WaitIdle();
         driver.WaitText("StatusBar1/Message", outcome);
     }
     /// By how many milliseconds a beat of the window's event loop came too late, at worst, since the last call.
@@ -64,6 +66,7 @@ TEST_F(Window, LivesWhateverTheBoardDoes)
     driver.WaitText("MessageBox", "Resend all anyway?");
     driver.Key("Alt+Y");
     driver.WaitText("StatusBar1/Message", " 1 failed. Stopped: the board takes nothing.");
+    driver.WaitIdle();
     const int deaf = LatestBeat();
 
     Board("heal");

@@ -18,7 +18,8 @@ class RegisterObject;
 struct TransferCounts {
     int failures = 0;
     int successes = 0;
-    bool boardStuck = false; ///< sending timed out: the board takes nothing, and each further transfer would wait as long
+    bool boardStuck =
+        false; ///< sending timed out: the board takes nothing, and each further transfer would wait as long
 };
 
 /// What came of a run of register transfers.

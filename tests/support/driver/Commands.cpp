@@ -122,6 +122,8 @@ bool IsInput(const Fields& command) { return Inputs().contains(command.at(0)); }
 
 bool ConditionHolds(const Fields& command)
 {
+    if (command.at(1) == "idle")
+        return !QApplication::overrideCursor();
     const QWidget* widget = TryFind(command.at(2));
     return widget && (command.at(1) == "shown" || TextOf(*widget).find(command.at(3)) != std::string::npos);
 }

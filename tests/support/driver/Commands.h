@@ -16,6 +16,8 @@ using Fields = std::vector<std::string>;
 //   type TEXT    one key for each character, to the same window
 //   close NAME   the close button of a window's frame
 //   wait shown NAME, wait text NAME PART
+//   wait idle    until the hourglass is gone
+//   beat         by how many milliseconds the event loop was late, at worst, since the last time
 
 /// Carries out one command; the text of its answer. Raises std::runtime_error when it cannot be carried out.
 std::string RunCommand(const Fields& command);

@@ -38,6 +38,8 @@ public:
     void Key(const std::string& keys) { Send({"key", keys}); }
     void Type(const std::string& text) { Send({"type", text}); }
     void WaitShown(const std::string& name) { Send({"wait", "shown", name}); }
+    /// Until the program takes input again.
+    void WaitIdle() { Send({"wait", "idle"}); }
     void WaitText(const std::string& name, const std::string& part) { Send({"wait", "text", name, part}); }
     std::string Text(const std::string& name) { return Send({"text", name}); }
 

@@ -125,8 +125,8 @@ protected:
     BusyState busy_;
     QtWait wait_{busy_};
     FakeDeviceChanges deviceChanges_;
-    AdvancedForm form_{{state_, preferences_, settings_, files_, clock_, prompts_, errors_, wait_, busy_,
-                        deviceChanges_}};
+    AdvancedForm form_{
+        {state_, preferences_, settings_, files_, clock_, prompts_, errors_, wait_, busy_, deviceChanges_}};
     std::unique_ptr<Startup> startup_;
 };
 
