@@ -65,6 +65,7 @@ TEST(Boards, ServeTwoProgramsAtOnce)
     const auto readFrom = [](int first) {
         return [first] {
             Computer computer;
+            computer.OpenLog();
             computer.Connect();
             int wrong = 0;
             for (int i = 0; i < 1000; ++i) {
@@ -73,6 +74,7 @@ TEST(Boards, ServeTwoProgramsAtOnce)
                 wrong += value && *value != parameter + 1 ? 1 : 0;
             }
             EXPECT_EQ(wrong + computer.failures, 0);
+            EXPECT_EQ(computer.LogText().find("Retrying"), std::string::npos) << "an answer of the other was seen";
             std::cout << "1000 reads: " << wrong << " wrong, " << computer.failures << " failed\n";
         };
     };
