@@ -108,9 +108,9 @@ std::vector<std::int32_t> SerialZorbusZone::ReadSlots(std::int32_t nodeId)
     if (!IsOpen() || !Succeeded(library_->ReadSlotPopulation(nodeId, handle_, entries, count), "ReadSlotPopulation"))
         return {};
     Shorten(entries, count);
-    std::vector<std::int32_t> boardIds;
-    for (const std::int16_t entry : entries)
-        boardIds.push_back(static_cast<std::uint16_t>(entry));
+    std::vector<std::int32_t> boardIds(entries.size());
+    std::transform(entries.begin(), entries.end(), boardIds.begin(),
+                   [](std::int16_t entry) { return static_cast<std::uint16_t>(entry); });
     return boardIds;
 }
 

@@ -59,12 +59,12 @@ TEST(Enclosure, GivesEachBoardTheConnectorsOfItsSlots)
         std::vector<std::string> products; ///< key, name and connectors
     };
     const FakeCatalogue catalogue;
-    for (const Case& each : {Case{{0xC4A0, 0, 0xC4A0}, {0xC4A0, 0, 0xC4A0}, {"0 Cendra 1 2 3 4 9 10 11 12 0"}},
-                             Case{{0, 0xC4B0, 0xC4A0}, {0, 0xC4B0, 0xC4B0}, {"1 Cendra 5 6 7 8 9 10 11 12 0"}},
-                             Case{{0xC4A0, 0xBAD, 0x77, 0xC020},
-                                  {0xC4A0, 0, 0, 0xC020},
-                                  {"0 Cendra 1 2 3 4 0", "3 Ossary 49 50 51 52 53 54 55 56 57 58 59 60 61 62 63 64 0"}},
-                             Case{{}, {}, {}}}) {
+    for (const Case& each :
+         {Case{{0xC4A0, 0, 0xC4A0}, {0xC4A0, 0, 0xC4A0}, {"0 Cendra 1 2 3 4 9 10 11 12 0"}},
+          Case{{0, 0xC4B0, 0xC4A0}, {0, 0xC4B0, 0xC4B0}, {"1 Cendra 5 6 7 8 9 10 11 12 0"}},
+          Case{{0xC4A0, 0xBAD, 0x77, 0xC020},
+               {0xC4A0, 0, 0, 0xC020},
+               {"0 Cendra 1 2 3 4 0", "3 Ossary 49 50 51 52 53 54 55 56 57 58 59 60 61 62 63 64 0"}}}) {
         FakeErrorLog log;
         Enclosure enclosure(log);
         enclosure.SetNodeBasics({0x1A2B, 1, 0, "hall", "Rack A", "2.10"});

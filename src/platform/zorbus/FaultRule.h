@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <tuple>
 
 namespace tarvex {
 
@@ -12,7 +13,10 @@ struct ParameterPlace {
     std::int16_t baseAddress = 0;
     std::int16_t parameterId = 0;
 
-    auto operator<=>(const ParameterPlace&) const = default;
+    bool operator<(const ParameterPlace& other) const
+    {
+        return std::tie(aspi, baseAddress, parameterId) < std::tie(other.aspi, other.baseAddress, other.parameterId);
+    }
 };
 
 /// What a fault rule looks at: the operation and what it addresses.
