@@ -14,14 +14,11 @@ TEST(I2CPacket, DeclaresWholeWordsAndRefusesWhatDoesNotFit)
     const struct {
         std::int32_t processor, parameter;
         int code, size, declared, width, error;
-    } cases[] = {
-        {128, 64, 0x20, 1, 1, 1, 0},           {128, 64, 0x20, 0, 0, 0, 0},     {0, 65535, 0x20, 31, 31, 1, 0},
-        {65535, 0, 0x00, 0, 0, 0, 0},          {128, 64, 0x40, 62, 62, 2, 0},   {128, 64, 0x40, 3, 2, 2, 0},
-        {128, 64, 0x60, 93, 93, 3, 0},         {128, 64, 0x80, 124, 124, 4, 0}, {128, 64, 0xA0, 155, 155, 5, 0},
-        {128, 64, 0xC0, 186, 186, 6, 0},       {128, 64, 0xE0, 217, 217, 7, 0}, {128, 64, 0x20, 32, 0, 0, 702},
-        {128, 64, 0x40, 63, 0, 0, 702},        {128, 64, 0x00, 1, 0, 0, 702},   {128, 64, 0x10, 0, 0, 0, 704},
-        {0x10000, 64, 0x20, 1, 0, 0, 701},     {-1, 64, 0x20, 1, 0, 0, 701},    {128, -1, 0x20, 1, 0, 0, 700},
-        {0x10000, 0x10000, 0x10, 1, 0, 0, 700}};
+    } cases[] = {{128, 64, 0x20, 1, 1, 1, 0},     {0, 65535, 0x20, 0, 0, 0, 0},     {65535, 0, 0x20, 31, 31, 1, 0},
+                 {128, 64, 0x00, 0, 0, 0, 0},     {128, 64, 0x40, 3, 2, 2, 0},      {128, 64, 0x80, 124, 124, 4, 0},
+                 {128, 64, 0xE0, 217, 217, 7, 0}, {128, 64, 0x20, 32, 0, 0, 702},   {128, 64, 0x40, 63, 0, 0, 702},
+                 {128, 64, 0x00, 1, 0, 0, 702},   {128, 64, 0x10, 0, 0, 0, 704},    {0x10000, 64, 0x20, 1, 0, 0, 701},
+                 {-1, 64, 0x20, 1, 0, 0, 701},    {-1, 0x10000, 0x10, 1, 0, 0, 700}};
     for (const auto& c : cases) {
         SCOPED_TRACE(std::to_string(c.code) + " " + std::to_string(c.size));
         I2CPacket packet;
@@ -44,12 +41,10 @@ TEST(I2CPacket, TakesNoMoreThanTheBytesAtHand)
     sent.Init(1105, 32, {0xFF}, 1, 0x20);
     EXPECT_EQ(sent.buffer(), (Bytes{0x51, 4, 0x20, 0, 0x21, 0xFF}));
     I2CPacket packet;
-    EXPECT_FALSE(packet.CreatePacket(sent.buffer(), 4));
-    EXPECT_FALSE(packet.CreatePacket(Bytes(4), 9));
+    EXPECT_FALSE(packet.CreatePacket(sent.buffer(), 4) || packet.CreatePacket(Bytes(4), 9));
     EXPECT_TRUE(packet.CreatePacket(sent.buffer(), 100));
     EXPECT_EQ(packet.data(), Bytes{0xFF});
     EXPECT_TRUE(packet.CreatePacket(sent.buffer(), 5));
-    EXPECT_EQ(packet.dataSize(), 1);
     ExpectError([&] { packet.data(); }, 703, "I2CPacket::data", "Data array is empty");
     ExpectError([&] { packet.Init(1, 1, {}, 1, 0x20); }, kErrSubscript);
 }

@@ -2,21 +2,15 @@
 
 #include "base/Error.h"
 #include "comm/HIDDevice.h"
-#include "comm/api/IPacketLog.h"
+#include "shell/PacketLog.h"
 #include "support/ClosedPrompts.h"
+#include "support/FakeClock.h"
+#include "support/FakeFileSystem.h"
 #include "support/FakeHidServices.h"
 
 namespace tarvex {
 
 namespace {
-
-class NoPacketLog : public IPacketLog {
-public:
-    bool IsPacketLogging() const noexcept override { return false; }
-    void LogPacket(PacketDirection, const Bytes&, std::size_t, int) noexcept override {}
-    void LogPacketError(PacketDirection, std::string_view) noexcept override {}
-    void LogText(std::string_view) noexcept override {}
-};
 
 void CheckPacket(const Bytes& bytes, std::int16_t size)
 {
@@ -24,7 +18,6 @@ void CheckPacket(const Bytes& bytes, std::int16_t size)
     const bool isTaken = packet.CreatePacket(bytes, size);
     Require(isTaken == (size >= 5 && bytes.size() >= 5), "a packet has a header");
     Require(static_cast<std::size_t>(packet.size()) <= std::max(bytes.size(), std::size_t{4}), "no byte is made up");
-    Require(packet.ProcessorID() >= 0 && packet.ParameterID() <= 0xFFFF, "ids are unsigned");
     const bool hasData = packet.dataSize() > 0 && packet.dataSize() + 5 <= packet.size();
     try {
         Require(packet.data().size() == static_cast<std::size_t>(packet.dataSize()), "data are whole");
@@ -48,7 +41,10 @@ void CheckReading(Bytes input)
             at += length;
         }
     };
-    NoPacketLog log;
+    FakeFileSystem files;
+    FakeClock clock;
+    PacketLog log(files, clock);
+    log.OpenPacketLog("", 1);
     ClosedPrompts prompts;
     HIDDevice device(services, log, prompts);
     const bool isUsable = input[0] != 0 && input[1] != 0;
