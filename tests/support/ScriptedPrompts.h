@@ -10,7 +10,7 @@ namespace tarvex {
 
 /// Answers the program's questions in the order in which a test expects them. A question that is not the next one
 /// expected fails the test and gets the answer of a closed box; so does a question still unasked at the end.
-/// What asks nothing (help, editor, beep, pointer) goes unheard.
+/// What asks nothing (help, editor, beep, pointer, query-progress window) fails nothing.
 class ScriptedPrompts : public IUserPrompts {
 public:
     ~ScriptedPrompts() override
@@ -66,20 +66,39 @@ public:
         return std::nullopt;
     }
 
-    void ShowHelp(std::optional<std::int32_t>) override {}
+    /// Its search is given up when `cancelsQueries` says so.
+    std::unique_ptr<IQueryWindow> ShowQueryProgress() override
+    {
+        ++queriesShown;
+        return std::make_unique<Query>(*this);
+    }
+
+    void ShowHelp(std::optional<std::int32_t> topic) override { helpTopics.push_back(topic); }
     void OpenInEditor(const std::string&) override {}
     void Beep() override {}
-    void SetBusyPointer(bool) override {}
+    void SetBusyPointer(bool busy) override { busyPointers += busy ? 1 : -1; }
 
     // What was asked and shown, in order.
     std::vector<MessageBoxRequest> messages;
     std::vector<FileDialogRequest> fileDialogs;
+    std::vector<std::optional<std::int32_t>> helpTopics;
+    int busyPointers = 0;
+    int queriesShown = 0;
+    int queriesOpen = 0;
+    bool cancelsQueries = false;
 
 private:
     static inline const std::string kMessage = "message box ";
     static inline const std::string kOpenFile = "open dialog";
     static inline const std::string kSaveFile = "save dialog";
     static inline const std::string kBrowse = "browse dialog";
+
+    struct Query : IQueryWindow {
+        explicit Query(ScriptedPrompts& asked) : prompts(asked) { ++prompts.queriesOpen; }
+        ~Query() override { --prompts.queriesOpen; }
+        bool Cancelled() const override { return prompts.cancelsQueries; }
+        ScriptedPrompts& prompts;
+    };
 
     struct Expectation {
         std::string question; ///< the kind of box, and the text of a message
