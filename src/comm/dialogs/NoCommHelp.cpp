@@ -58,7 +58,7 @@ NoCommHelp::NoCommHelp(IUserPrompts& prompts, QWidget* parent) : QDialog(parent)
     layout->addStretch();
     layout->addLayout(MakeButtons());
     const int width = fontMetrics().averageCharWidth() * 70;
-    resize(width, layout->totalHeightForWidth(width));
+    setMinimumSize(width, layout->totalHeightForWidth(width)); // narrower, the captions would need more lines
 }
 
 QLayout* NoCommHelp::MakeChecklist()
