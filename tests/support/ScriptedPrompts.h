@@ -66,11 +66,10 @@ public:
         return std::nullopt;
     }
 
-    /// Its search is given up when `cancelsQueries` says so.
     std::unique_ptr<IQueryWindow> ShowQueryProgress() override
     {
         ++queriesShown;
-        return std::make_unique<Query>(*this);
+        return std::make_unique<Query>(cancelsQueries);
     }
 
     void ShowHelp(std::optional<std::int32_t> topic) override { helpTopics.push_back(topic); }
@@ -84,8 +83,7 @@ public:
     std::vector<std::optional<std::int32_t>> helpTopics;
     int busyPointers = 0;
     int queriesShown = 0;
-    int queriesOpen = 0;
-    bool cancelsQueries = false;
+    bool cancelsQueries = false; ///< whether the user gives a search up
 
 private:
     static inline const std::string kMessage = "message box ";
@@ -94,10 +92,9 @@ private:
     static inline const std::string kBrowse = "browse dialog";
 
     struct Query : IQueryWindow {
-        explicit Query(ScriptedPrompts& asked) : prompts(asked) { ++prompts.queriesOpen; }
-        ~Query() override { --prompts.queriesOpen; }
-        bool Cancelled() const override { return prompts.cancelsQueries; }
-        ScriptedPrompts& prompts;
+        explicit Query(const bool& cancels) : cancelled(cancels) {}
+        bool Cancelled() const override { return cancelled; }
+        const bool& cancelled;
     };
 
     struct Expectation {
