@@ -139,9 +139,9 @@ TEST(QueryProgress, CanBeCancelledWhileWorkRunsAndNothingElseCan)
         QPushButton behind("Read");
         QObject::connect(&behind, &QPushButton::clicked, &behind, [] { ADD_FAILURE(); });
         behind.show();
+        behind.activateWindow(); // nobody else gives the focus where there is no window manager
         ASSERT_TRUE(QTest::qWaitForWindowActive(&behind));
-        UserPrompts prompts("");
-        auto query = prompts.ShowQueryProgress();
+        auto query = UserPrompts("").ShowQueryProgress();
         BusyState busy;
         const BusyGuard guard(busy); // the harder order: the window was there before
         auto* window = VisibleWindow("QueryProgress");
