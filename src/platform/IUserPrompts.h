@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -31,6 +32,15 @@ struct FileDialogRequest {
     std::string defaultExtension;
 };
 
+/// The window that says that the network is searched. It closes when this dies, which the searcher keeps meanwhile.
+class IQueryWindow {
+public:
+    virtual ~IQueryWindow() = default;
+
+    /// True once the user gave the search up. The window stays until the searcher has heard of it.
+    virtual bool Cancelled() const = 0;
+};
+
 /// Everything that asks the user or shows him something outside the windows of his work. No other code opens a box.
 class IUserPrompts {
 public:
@@ -47,6 +57,9 @@ public:
     /// Lets the user pick one of the entries (product name or browse string of a device each); the entry's position,
     /// or none. Without entries it closes at once.
     virtual std::optional<std::size_t> BrowseForDevice(const std::vector<std::string>& entries) = 0;
+    /// Shows the query-progress window over the window that is active; it lives while the caller waits through `IWait`,
+    /// and can be cancelled also then.
+    virtual std::unique_ptr<IQueryWindow> ShowQueryProgress() = 0;
     /// Opens the contents page of the help file, or the page of a topic.
     virtual void ShowHelp(std::optional<std::int32_t> topic) = 0;
     /// Opens a text file with the system's editor.

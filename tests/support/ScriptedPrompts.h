@@ -55,14 +55,31 @@ public:
         return std::nullopt;
     }
 
-    void ShowHelp(std::optional<std::int32_t>) override {}
+    std::unique_ptr<IQueryWindow> ShowQueryProgress() override
+    {
+        ++queriesShown;
+        return std::make_unique<Query>(cancelsQueries);
+    }
+
+    void ShowHelp(std::optional<std::int32_t> topic) override { helpTopics.push_back(topic); }
     void OpenInEditor(const std::string&) override {}
     void Beep() override {}
-    void SetBusyPointer(bool) override {}
+    void SetBusyPointer(bool busy) override { busyPointers += busy ? 1 : -1; }
 
-    std::vector<MessageBoxRequest> messages; ///< what was shown, in order
+    // What was asked and shown, in order.
+    std::vector<MessageBoxRequest> messages;
+    std::vector<std::optional<std::int32_t>> helpTopics;
+    int busyPointers = 0;
+    int queriesShown = 0;
+    bool cancelsQueries = false; ///< whether the user gives a search up
 
 private:
+    struct Query : IQueryWindow {
+        explicit Query(const bool& cancels) : cancelled(cancels) {}
+        bool Cancelled() const override { return cancelled; }
+        const bool& cancelled;
+    };
+
     struct Expectation {
         std::string question; ///< the kind of box, and the text of a message
         Answer answer = Answer::Cancel;

@@ -13,6 +13,8 @@ namespace tarvex {
 
 namespace {
 
+constexpr const char* kLetThrough = "inputWhileBusy";
+
 bool IsUserInput(QEvent::Type type)
 {
     switch (type) {
@@ -59,6 +61,8 @@ bool SwallowRelease(QObject* watched)
 
 }
 
+void InputGate::LetThrough(QWidget& modalWindow) { modalWindow.setProperty(kLetThrough, true); }
+
 void InputGate::Close()
 {
     escapePressed_ = false;
@@ -90,7 +94,7 @@ bool InputGate::eventFilter(QObject* watched, QEvent* event)
 bool InputGate::AnswerIsAwaited() const
 {
     const QWidget* modal = QApplication::activeModalWidget();
-    return modal != nullptr && modal != modalBefore_;
+    return modal != nullptr && (modal != modalBefore_ || modal->property(kLetThrough).toBool());
 }
 
 bool InputGate::KeepBackClose(QObject* watched, QEvent* event)

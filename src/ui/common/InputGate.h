@@ -11,6 +11,9 @@ namespace tarvex {
 /// window that is opened while the gate is closed gets its input: it has to be answered before work can go on.
 class InputGate : public QObject {
 public:
+    /// Lets a modal window have its input also when it was there before the gate closed: it cancels the work that runs.
+    static void LetThrough(QWidget& modalWindow);
+
     /// Forgets what was remembered and begins to swallow.
     void Close();
     /// Lets input pass again; asks the window that was to be closed meanwhile to close, from the event loop.

@@ -1,11 +1,14 @@
 #include "ui/prompts/UserPrompts.h"
 
 #include "base/Text.h"
+#include "comm/dialogs/QueryProgress.h"
+#include "ui/common/Guarded.h"
+#include "ui/common/InputGate.h"
+#include "ui/common/ModalRun.h"
 #include "ui/common/WindowTools.h"
 #include "ui/prompts/DeviceBrowseDialog.h"
 #include "ui/prompts/FileFilters.h"
 #include "ui/prompts/HelpViewer.h"
-#include "ui/prompts/ModalRun.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -111,6 +114,26 @@ std::optional<std::string> ChooseSaveFile(const FileDialogRequest& request)
     });
 }
 
+/// The query-progress window, for as long as the search that it stands for keeps this.
+class ShownQuery : public IQueryWindow {
+public:
+    ShownQuery()
+    {
+        window_->setWindowModality(Qt::ApplicationModal);
+        InputGate::LetThrough(*window_);
+        ThroughQt([this] {
+            window_->show();
+            window_->activateWindow();
+        });
+    }
+
+    /// A window that went with its parent counts as given up: the program is ending.
+    bool Cancelled() const override { return !window_.IsAlive() || window_->Cancelled(); }
+
+private:
+    OwnedDialog<QueryProgress> window_{"QueryProgress", DialogParent()};
+};
+
 }
 
 UserPrompts::UserPrompts(std::string helpFile) : helpFile_(std::move(helpFile)) {}
@@ -167,6 +190,8 @@ std::optional<std::size_t> UserPrompts::BrowseForDevice(const std::vector<std::s
     RunModal(*dialog);
     return dialog.IsAlive() ? dialog->Selection() : std::nullopt;
 }
+
+std::unique_ptr<IQueryWindow> UserPrompts::ShowQueryProgress() { return std::make_unique<ShownQuery>(); }
 
 void UserPrompts::ShowHelp(std::optional<std::int32_t> topic)
 {

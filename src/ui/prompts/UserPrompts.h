@@ -10,8 +10,8 @@ namespace tarvex {
 class HelpViewer;
 
 /// The prompts as Qt dialogs, over the window that is active. The boxes have the object name "MessageBox", the other
-/// dialogs "InputBox", "FileDialog", "DeviceBrowseDialog" and "HelpViewer". They can be answered also while a sequence
-/// of transfers runs, and carry on a request to end the program that is made while they are shown.
+/// dialogs "InputBox", "FileDialog", "DeviceBrowseDialog", "QueryProgress" and "HelpViewer". They can be answered also
+/// while a sequence of transfers runs, and carry on a request to end the program that is made while they are shown.
 class UserPrompts : public IUserPrompts {
 public:
     /// `helpFile` is the path of Tarvex.hlp; it is opened when help is first asked for.
@@ -25,6 +25,7 @@ public:
     /// Asks before it gives the path of a file that exists.
     std::optional<std::string> AskSaveFile(const FileDialogRequest& request) override;
     std::optional<std::size_t> BrowseForDevice(const std::vector<std::string>& entries) override;
+    std::unique_ptr<IQueryWindow> ShowQueryProgress() override;
     /// Over a dialog that waits for its answer, the help window has to be closed first.
     void ShowHelp(std::optional<std::int32_t> topic) override;
     void OpenInEditor(const std::string& path) override;

@@ -1,4 +1,4 @@
-#include "ui/prompts/ModalRun.h"
+#include "ui/common/ModalRun.h"
 
 #include "ui/common/Guarded.h"
 
