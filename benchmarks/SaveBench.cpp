@@ -68,6 +68,7 @@ void WriteAlone(const pugi::xml_document& document, const std::string& path)
 struct Times {
     double ours;
     double alone;
+    double processor; ///< of ours
 };
 
 Times Measure(int registers)
@@ -81,11 +82,12 @@ Times Measure(int registers)
         throw std::runtime_error("the saved file does not load");
     std::vector<double> ours;
     std::vector<double> alone;
+    std::vector<double> processor;
     for (int i = 0; i < kRounds; ++i) {
         alone.push_back(Time([&] { WriteAlone(document, folder.File("alone.xml")); }));
-        ours.push_back(Time([&] { board.Save(path); }));
+        processor.push_back(ProcessorTime([&] { ours.push_back(Time([&] { board.Save(path); })); }));
     }
-    const Times times{Median(ours), Median(alone)};
+    const Times times{Median(ours), Median(alone), Median(processor)};
     std::printf("    %d registers: writing alone %.1f ms, saving %.1f ms\n", registers, times.alone, times.ours);
     return times;
 }
@@ -102,6 +104,7 @@ int main()
     const Times large = Measure(30'000);
     const bool kept =
         Report("saving 10,000 registers / writing the document alone", times.ours / times.alone, 3, "times");
-    const bool linear = Report("saving 30,000 registers / saving 10,000", large.ours / times.ours, 4, "times");
+    const bool linear = Report("saving 30,000 registers / saving 10,000, processor time",
+                               large.processor / times.processor, 4, "times");
     return kept && linear ? EXIT_SUCCESS : EXIT_FAILURE;
 }

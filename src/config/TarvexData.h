@@ -26,8 +26,8 @@ class IProgress;
 /// 1000 while it is not initialised. It keeps the text of the file and makes the tree, several times as large, only
 /// while somebody needs it.
 ///
-/// A data file is saved by a model of its own: InitToWrite, AddProduct, the values, Commit. Each of them leaves the
-/// document whole in a working file in the temporary folder, and only Commit touches the user's file. One that fails
+/// A data file is saved by a model of its own: InitToWrite, AddProduct, the values, Commit. The document is
+/// saved to a working file in the temporary folder, and only Commit touches the user's file. An operation that fails
 /// leaves the model uninitialised, so that nothing incomplete can be committed. One model writes at a time.
 class TarvexData : public IProductCatalogue {
 public:
@@ -68,7 +68,7 @@ public:
 
     /// Begins a data file with the vendor of the init file and the minimum version in force. The path, which may be
     /// empty, becomes the path in use; no file is there until Commit. False when the model is initialised already,
-    /// which it is no longer then. Whoever holds the tree of the init file until AddProduct has it made only once.
+    /// which it is no longer then.
     bool InitToWrite(const TarvexData& initFile, const std::string& path, IClock& clock);
     /// Copies the init file's component that holds the device, unless the document holds the device. Raises 5 for an
     /// unknown device, 1003 when the copy fails.
@@ -102,20 +102,24 @@ private:
     std::shared_ptr<XmlDocument> MakeTree() const;
     /// The tree of a file, of the one in use or of another; one without root when that cannot be loaded.
     std::shared_ptr<const XmlDocument> TreeOf(const std::string& path) const;
-    /// Changes the document and saves it to the working file.
-    void Change(const std::function<void(XmlElement root)>& change);
+    enum class Saving { Now, Later };
+
+    /// Changes the document and saves it to the working file, or leaves that to the next change or Commit.
+    void Change(const std::function<void(XmlElement root)>& change, Saving saving = Saving::Now);
     void Save();
     void RemoveWorkingFile() noexcept;
 
     const ProgramState& state_;
     IFileSystem& files_;
     std::string path_;
-    std::string text_; ///< kept, since a running program does not depend on its file staying where it was
+    std::string text_;     ///< kept, since a running program does not depend on its file staying where it was
+    std::string vendorId_; ///< as the file gives it
     std::string lastError_;
     mutable std::shared_ptr<const XmlDocument> kept_;
     mutable std::weak_ptr<const XmlDocument> tree_;
     std::shared_ptr<XmlDocument> written_; ///< the tree of a model that writes
     std::string workingFile_;              ///< empty while there is none
+    bool unsaved_ = false;                 ///< the working file lacks the last change
     bool initialized_ = false;
 };
 

@@ -26,7 +26,7 @@ bool TarvexData::InitToWrite(const TarvexData& initFile, const std::string& path
         return false;
     if (!path.empty())
         path_ = path;
-    const std::string vendorId = std::to_string(initFile.VendorID());
+    vendorId_ = std::to_string(initFile.VendorID());
     written_ = std::make_shared<XmlDocument>();
     tree_ = written_;
     initialized_ = true;
@@ -35,7 +35,7 @@ bool TarvexData::InitToWrite(const TarvexData& initFile, const std::string& path
         root.SetAttribute("xmlns", kNamespace);
         root.SetAttribute("lastModified", clock.NowText());
         root.SetAttribute("version", state_.g_minInitVersion);
-        root.AddChild("VID", vendorId);
+        root.AddChild("VID", vendorId_);
     });
     return true;
 }
@@ -44,16 +44,20 @@ void TarvexData::AddProduct(const TarvexData& initFile, const std::string& devic
 {
     if (FindDevice(Tree()->Root(), deviceName).description)
         return;
-    const auto tree = initFile.Tree();
-    const XmlElement component = FindDevice(tree->Root(), deviceName).component;
-    Change([&](XmlElement root) {
+    initFile.RequireInitialized();
+    const auto find = [&deviceName](XmlElement root) {
+        const XmlElement component = FindDevice(root, deviceName).component;
         if (!component)
             RaiseRuntime(kErrInvalidCall, "TarvexData::AddProduct");
-        if (!root.AddCopy(component))
+        return component;
+    };
+    const auto copy = [&](XmlElement root) {
+        if (!root.AddPart(initFile.text_, find))
             Raise(1003, "TarvexData::CopyTree",
                   "unable to create newTree tree from " + files_.TemporaryFolder() +
-                      "/_TarvexIntermediateFile.xml. Last Chilkat error is " + tree->LastErrorText());
-    });
+                      "/_TarvexIntermediateFile.xml. Last Chilkat error is out of memory");
+    };
+    Change(copy, Saving::Later); // values follow, and to write a large map twice would double the time of a save
 }
 
 bool TarvexData::WriteSimpleData(IConfigController& controller)
@@ -77,12 +81,14 @@ bool TarvexData::WriteEnclosureData(const Enclosure& enclosure, IConfigControlle
 void TarvexData::Commit(const std::string& path)
 {
     RequireInitialized();
+    if (unsaved_)
+        Save();
     files_.ReplaceFile(path, text_);
     path_ = path;
     RemoveWorkingFile();
 }
 
-void TarvexData::Change(const std::function<void(XmlElement root)>& change)
+void TarvexData::Change(const std::function<void(XmlElement root)>& change, Saving saving)
 {
     RequireInitialized();
     try {
@@ -92,7 +98,9 @@ void TarvexData::Change(const std::function<void(XmlElement root)>& change)
             kept_.reset();
         }
         change(written_->Root());
-        Save();
+        unsaved_ = true;
+        if (saving == Saving::Now)
+            Save();
     } catch (...) {
         CloseFile(); // what is half done cannot be committed
         throw;
@@ -109,6 +117,7 @@ void TarvexData::Save()
     files_.WriteWorkingFile(workingFile, text);
     workingFile_ = workingFile;
     text_ = std::move(text);
+    unsaved_ = false;
 }
 
 void TarvexData::RemoveWorkingFile() noexcept
