@@ -58,6 +58,8 @@ TarvexData::TarvexData(const ProgramState& state, IFileSystem& files)
     : state_(state), files_(files), path_(state.programFolder + "/TarvexData.xml")
 {}
 
+TarvexData::~TarvexData() { RemoveWorkingFile(); }
+
 bool TarvexData::InitToRead(const std::string& path)
 {
     const bool wasInitialized = initialized_;
@@ -101,12 +103,14 @@ std::string TarvexData::Version() const { return std::string(Tree()->Root().Attr
 
 std::int32_t TarvexData::VendorID() const
 {
-    return ParseHex(Tree()->Root().ChildContent("VID"), "TarvexData::VendorID");
+    RequireInitialized();
+    return ParseHex(vendorId_, "TarvexData::VendorID");
 }
 
 bool TarvexData::CheckVendorID(std::int32_t vendorId) const
 {
-    if (!EqualsIgnoringCase(Tree()->Root().ChildContent("VID"), ToHex(vendorId, 4)))
+    RequireInitialized();
+    if (!EqualsIgnoringCase(vendorId_, ToHex(vendorId, 4)))
         Raise(kErrInvalidFile, "TarvexData::CheckVendorID",
               "Supplied vendorID parameter does not match the VID in " + path_);
     return true;
@@ -166,6 +170,9 @@ std::shared_ptr<IProduct> TarvexData::GetProduct(std::int32_t boardId, std::int3
 
 void TarvexData::CloseFile()
 {
+    RemoveWorkingFile();
+    unsaved_ = false;
+    written_.reset();
     kept_.reset();
     tree_.reset();
     text_ = std::string();
@@ -190,6 +197,7 @@ void TarvexData::OpenXMLFile(const std::string& path)
         text_ = files_.ReadWholeFile(path, kXmlMaxBytes);
         const auto tree = MakeTree();
         lastError_ = tree->LastErrorText();
+        vendorId_ = tree->Root().ChildContent("VID");
         kept_ = tree;
         tree_ = tree;
     } catch (const Error& error) {

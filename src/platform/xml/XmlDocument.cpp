@@ -1,20 +1,13 @@
 #include "platform/xml/XmlDocument.h"
 
 #include "platform/xml/XmlGuard.h"
+#include "platform/xml/XmlParsing.h"
 
 #include <pugixml.hpp>
 
 namespace tarvex {
 
 namespace {
-
-// Comments and instructions are kept, so that a file says the same after it was loaded and saved. Text of blanks only
-// is layout between elements, but the value of an element that holds nothing else. The text of an element is kept in
-// its own node, which saves nearly half of the nodes of an init file.
-constexpr unsigned kParsing = pugi::parse_default | pugi::parse_comments | pugi::parse_pi |
-                              pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata;
-
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 /// Collects what is written. A carriage return of a text is written as a reference: read back raw, it would be taken
 /// for a line end.
@@ -46,8 +39,7 @@ bool XmlDocument::LoadText(std::string_view bytes)
 {
     document_->reset();
     lastError_.clear();
-    if (bytes.starts_with(kByteOrderMark))
-        bytes.remove_prefix(kByteOrderMark.size());
+    bytes = WithoutMark(bytes);
     if (const auto refusal = CheckXml(bytes)) {
         lastError_ = XmlPlace(bytes, refusal->offset) + ": " + refusal->text;
         return false;

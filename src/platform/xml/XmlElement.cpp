@@ -1,5 +1,6 @@
 #include "platform/xml/XmlDocument.h"
 #include "platform/xml/XmlGuard.h"
+#include "platform/xml/XmlParsing.h"
 
 #include <pugixml.hpp>
 
@@ -132,6 +133,19 @@ XmlElement XmlElement::AddChild(std::string_view tag, std::string_view content)
 XmlElement XmlElement::AddCopy(const XmlElement& source)
 {
     return XmlElement(pugi::xml_node(node_).append_copy(pugi::xml_node(source.node_)).internal_object());
+}
+
+XmlElement XmlElement::AddPart(std::string_view bytes, const std::function<XmlElement(XmlElement root)>& choose)
+{
+    bytes = WithoutMark(bytes);
+    pugi::xml_node node(node_);
+    pugi::xml_node whole = node.append_child("whole");
+    const bool taken =
+        static_cast<bool>(whole.append_buffer(bytes.data(), bytes.size(), kParsing, pugi::encoding_utf8));
+    const XmlElement chosen = taken ? choose(ElementFrom(whole.first_child())) : XmlElement();
+    const pugi::xml_node part = node.append_move(pugi::xml_node(chosen.node_));
+    node.remove_child(whole);
+    return XmlElement(part.internal_object());
 }
 
 std::vector<XmlElement> XmlElement::Descendants(std::string_view tag) const

@@ -1,0 +1,130 @@
+#include "base/Error.h"
+#include "comm/Enclosure.h"
+#include "config/EnclosureWriter.h"
+#include "config/IConfigController.h"
+#include "config/InitFileQueries.h"
+#include "config/MapFile.h"
+#include "config/RegisterElements.h"
+#include "config/TarvexData.h"
+#include "model/RegisterObject.h"
+#include "platform/IClock.h"
+#include "platform/xml/XmlGuard.h"
+
+namespace tarvex {
+
+namespace {
+
+constexpr const char* kNamespace = "urn:tarvex:signal-configuration";
+
+}
+
+bool TarvexData::InitToWrite(const TarvexData& initFile, const std::string& path, IClock& clock)
+{
+    const bool wasInitialized = initialized_;
+    CloseFile();
+    if (wasInitialized)
+        return false;
+    if (!path.empty())
+        path_ = path;
+    vendorId_ = std::to_string(initFile.VendorID());
+    written_ = std::make_shared<XmlDocument>();
+    tree_ = written_;
+    initialized_ = true;
+    Change([&](XmlElement) {
+        XmlElement root = written_->CreateRoot(kDataFileRoot);
+        root.SetAttribute("xmlns", kNamespace);
+        root.SetAttribute("lastModified", clock.NowText());
+        root.SetAttribute("version", state_.g_minInitVersion);
+        root.AddChild("VID", vendorId_);
+    });
+    return true;
+}
+
+void TarvexData::AddProduct(const TarvexData& initFile, const std::string& deviceName)
+{
+    if (FindDevice(Tree()->Root(), deviceName).description)
+        return;
+    initFile.RequireInitialized();
+    const auto find = [&deviceName](XmlElement root) {
+        const XmlElement component = FindDevice(root, deviceName).component;
+        if (!component)
+            RaiseRuntime(kErrInvalidCall, "TarvexData::AddProduct");
+        return component;
+    };
+    const auto copy = [&](XmlElement root) {
+        if (!root.AddPart(initFile.text_, find))
+            Raise(1003, "TarvexData::CopyTree",
+                  "unable to create newTree tree from " + files_.TemporaryFolder() +
+                      "/_TarvexIntermediateFile.xml. Last Chilkat error is out of memory");
+    };
+    Change(copy, Saving::Later); // values follow, and to write a large map twice would double the time of a save
+}
+
+bool TarvexData::WriteSimpleData(IConfigController& controller)
+{
+    Change([&controller](XmlElement root) {
+        const RegisterElements elements(root);
+        const std::int16_t count = controller.GetI2CRegisterCount();
+        for (std::int16_t i = 0; i < count; ++i)
+            elements.StoreValue(*controller.GetI2CRegister(i));
+    });
+    return true;
+}
+
+bool TarvexData::WriteEnclosureData(const Enclosure& enclosure, IConfigController& controller, IDevice& device,
+                                    IProgress* progress)
+{
+    Change([&](XmlElement root) { EnclosureWriter(root, controller, device, progress).Write(enclosure); });
+    return true;
+}
+
+void TarvexData::Commit(const std::string& path)
+{
+    RequireInitialized();
+    if (unsaved_)
+        Save();
+    files_.ReplaceFile(path, text_);
+    path_ = path;
+    RemoveWorkingFile();
+}
+
+void TarvexData::Change(const std::function<void(XmlElement root)>& change, Saving saving)
+{
+    RequireInitialized();
+    try {
+        if (!written_) {
+            written_ = MakeTree();
+            tree_ = written_;
+            kept_.reset();
+        }
+        change(written_->Root());
+        unsaved_ = true;
+        if (saving == Saving::Now)
+            Save();
+    } catch (...) {
+        CloseFile(); // what is half done cannot be committed
+        throw;
+    }
+}
+
+void TarvexData::Save()
+{
+    std::string text = written_->ToText();
+    if (text.size() > kXmlMaxBytes)
+        Raise(ObjectError(1), "TarvexData::Save", path_ + ": Too large to be opened again");
+    const std::string workingFile =
+        files_.TemporaryFolder() + "/Tarvex" + std::to_string(state_.instanceHandle) + "_TempSave_.xml";
+    files_.WriteWorkingFile(workingFile, text);
+    workingFile_ = workingFile;
+    text_ = std::move(text);
+    unsaved_ = false;
+}
+
+void TarvexData::RemoveWorkingFile() noexcept
+{
+    if (!workingFile_.empty())
+        files_.Remove(workingFile_);
+    workingFile_.clear();
+}
+
+}
