@@ -65,12 +65,14 @@ void RtfText::AddUtf16(std::uint16_t unit, const RtfStyle& style)
         style_ = style;
         firstHalf_ = unit;
     } else {
-        Append(IsSecondHalf(unit) || unit == 0 ? kReplacement : unit, style);
+        Append(IsSecondHalf(unit) ? kReplacement : unit, style);
     }
 }
 
 void RtfText::Append(std::uint32_t character, const RtfStyle& style)
 {
+    if (character < 0x20 && character != '\t')
+        return;
     if (!(style == style_)) {
         if (!text_.empty())
             sink_.Text(text_, style_);
