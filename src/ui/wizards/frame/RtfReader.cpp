@@ -34,7 +34,7 @@ struct ControlWord {
 /// Destinations that hold no text to be shown.
 constexpr std::array<std::string_view, 12> kSkippedDestinations{"fonttbl", "stylesheet", "info",      "pict",
                                                                 "object",  "header",     "footer",    "footnote",
-                                                                "fldinst",   "listtable",  "generator", "xe"};
+                                                                "fldinst", "listtable",  "generator", "xe"};
 
 struct NamedCharacter {
     std::string_view name;

@@ -11,6 +11,7 @@ struct MenuEntry {
     std::string name; ///< object name by which entry and state are found later, such as "ReSync" or "Resolution0_3"
     std::string caption;
     std::function<void()> chosen = {}; ///< not called while transfers run; its errors are logged and shown
+    /// It shows a mark that the product sets with CheckEntry; being chosen does not change it.
     bool checkable = false;
     bool enabled = true;
     std::vector<MenuEntry> entries = {};

@@ -21,12 +21,6 @@ WizardLink::WizardLink(IWizardFrameView& view, IWizardProduct& product, const Wi
     : view_(view), product_(product), description_(description), services_(services), recovered_(std::move(recovered))
 {}
 
-void WizardLink::BindDevice()
-{
-    subscriptions_.clear();
-    product_.DeviceBound(document_->device());
-}
-
 IDevice& WizardLink::Device() const
 {
     if (!document_ || !document_->device())
@@ -102,7 +96,7 @@ bool WizardLink::StillAnswers()
 {
     std::string error;
     const auto device = document_->device();
-    if (device && device->IsConnected() && AskBoard(error) == Answer::Yes)
+    if (device && device->IsConnected() && !IsKnownGone(*device) && AskBoard(error) == Answer::Yes)
         return true;
     try {
         if (device)

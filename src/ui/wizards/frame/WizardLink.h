@@ -61,6 +61,8 @@ private:
     Answer AskBoard(std::string& error);
     bool Check(Telling telling);
     bool Connect();
+    /// Whether the link knows without asking that its board does not answer.
+    static bool IsKnownGone(const IDevice& device);
     void ShowStanding();
     void TellNoAnswer();
     void EnableMenus(bool enabled);
