@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "base/ExitRequest.h"
+#include "comm/Errors.h"
 #include "config/IProgress.h"
 #include "shell/Document.h"
 #include "ui/wizards/frame/WizardElements.h"
@@ -9,10 +10,6 @@
 namespace tarvex {
 
 namespace {
-
-constexpr std::int32_t kErrWriteFailed = 201;
-constexpr std::int32_t kErrReadFailed = ObjectError(1);
-constexpr std::int32_t kErrNotConnected = 303;
 
 /// Takes the place of a window that has gone: the controller keeps the last place it was given.
 class NoProgress : public IProgress {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Error.h"
 #include "base/Event.h"
 #include "ui/wizards/frame/IWizardHost.h"
 #include "ui/wizards/frame/IWizardProduct.h"
@@ -15,6 +16,10 @@
 namespace tarvex {
 
 class IWizardView;
+
+// What an operation with failed transfers raises.
+inline constexpr std::int32_t kErrWriteFailed = 201;
+inline constexpr std::int32_t kErrReadFailed = ObjectError(1);
 
 /// What happens in a wizard, without a window: the current element, the bar that edits it, one step of undo, the link
 /// and the data file, for whatever product is plugged in. The window owns it and tells it what the user did; it speaks

@@ -128,7 +128,7 @@ bool WizardFrame::WriteAt(std::int32_t position)
     const std::int32_t value = ValueAt(view_.Bar(), reversed_, position);
     bool written = false;
     const auto write = [&] { written = product_.WriteElement(element, value); };
-    if (!Transfer(201, "Wizard::SetElementValue", "Failed to write " + element, write))
+    if (!Transfer(kErrWriteFailed, "Wizard::SetElementValue", "Failed to write " + element, write))
         return false;
     if (written) {
         files_.MarkDirty();

@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "comm/DemoDevice.h"
+#include "comm/Errors.h"
 #include "model/RegisterObject.h"
 #include "shell/Document.h"
 #include "ui/wizards/frame/HelpTips.h"
@@ -11,7 +12,6 @@ namespace tarvex {
 
 namespace {
 
-constexpr std::int32_t kErrNotConnected = 303;
 constexpr std::int32_t kHelpContents = 0; ///< no topic of its own: the contents page
 
 }
