@@ -5,13 +5,17 @@
 
 #include <QKeyEvent>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QTreeWidgetItemIterator>
+
+#include <algorithm>
 
 namespace tarvex {
 
 namespace {
 
 constexpr int kKeyRole = Qt::UserRole;
+constexpr int kMostLetters = 40;
 
 std::string KeyOf(const QTreeWidgetItem& item) { return FromQt(item.data(0, kKeyRole).toString()); }
 
@@ -61,6 +65,14 @@ void WizardTree::ShowNodes(const std::vector<TreeNode>& roots)
         addTopLevelItem(MakeItem(each));
     ShowChecks(checksShown_);
     expandAll();
+    FitToCaptions();
+}
+
+void WizardTree::FitToCaptions()
+{
+    const int letter = fontMetrics().averageCharWidth();
+    const int edges = 2 * frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    setMinimumWidth(std::clamp(sizeHintForColumn(0) + edges, 16 * letter, kMostLetters * letter));
 }
 
 void WizardTree::Select(const std::string& key)

@@ -26,6 +26,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void FitToCaptions();
     void Tell(const QTreeWidgetItem* item);
 
     bool checksShown_ = false;

@@ -8,6 +8,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QProgressBar>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTextBrowser>
@@ -32,7 +33,8 @@ QLabel* AddLabel(QWidget& parent, const char* name, const QString& accessibleNam
 QFrame* AddLine(QWidget& parent, const char* name, QFrame::Shape shape)
 {
     auto* line = new QFrame(&parent);
-    line->setFrameStyle(shape | QFrame::Sunken);
+    line->setFrameStyle(shape | QFrame::Plain);
+    line->setForegroundRole(QPalette::Mid);
     NameControl(*line, name);
     return line;
 }
@@ -57,7 +59,7 @@ void WizardWindow::BuildPage()
     parts->addWidget(ListView1);
     parts->addWidget(BuildHelp());
     const int unit = fontMetrics().averageCharWidth();
-    parts->setSizes({26 * unit, 44 * unit, 44 * unit});
+    parts->setSizes({26 * unit, 68 * unit, 58 * unit});
     parts->setStretchFactor(1, 1);
     parts->setStretchFactor(2, 1);
     auto* column = new QVBoxLayout(page);
@@ -68,14 +70,13 @@ void WizardWindow::BuildPage()
     QWidget::setTabOrder(TreeView1, ListView1);
     QWidget::setTabOrder(ListView1, HScroll1);
     QWidget::setTabOrder(HScroll1, HelpTipPanel);
-    resize(QSize(118 * unit, 36 * fontMetrics().height()));
+    resize(QSize(158 * unit, 42 * fontMetrics().height()).boundedTo(screen()->availableSize() * 0.95));
 }
 
 QWidget* WizardWindow::BuildNavigation()
 {
     TreeView1 = new WizardTree(this);
     NameControl(*TreeView1, "TreeView1", "Boards and channels");
-    TreeView1->setMinimumWidth(fontMetrics().averageCharWidth() * 16);
     return TreeView1;
 }
 
@@ -86,6 +87,7 @@ QWidget* WizardWindow::BuildHelp()
     NameControl(*HelpTipPanel, "HelpTipPanel", "Help tip");
     HelpTipPanel->setOpenLinks(false);
     HelpTipPanel->setTabChangesFocus(true);
+    HelpTipPanel->setTabStopDistance(fontMetrics().averageCharWidth() * 4);
     HelpPicture = new PictureTile(kHelpPicture, side);
     NameControl(*HelpPicture, "HelpPicture", "Help picture");
     auto* column = new QVBoxLayout(side);
