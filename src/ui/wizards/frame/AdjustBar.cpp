@@ -32,12 +32,24 @@ BarKey FromQtKey(int key)
     return BarKey::Other;
 }
 
-int ToQtKey(BarKey key, int other)
+/// What a horizontal bar does for a key: Up and Page Up move it left.
+QAbstractSlider::SliderAction ActionOf(BarKey key)
 {
-    for (const auto& [qt, own] : kKeys)
-        if (own == key)
-            return qt;
-    return other;
+    switch (key) {
+    case BarKey::Left:
+    case BarKey::Up:
+        return QAbstractSlider::SliderSingleStepSub;
+    case BarKey::Right:
+    case BarKey::Down:
+        return QAbstractSlider::SliderSingleStepAdd;
+    case BarKey::PageUp:
+        return QAbstractSlider::SliderPageStepSub;
+    case BarKey::PageDown:
+        return QAbstractSlider::SliderPageStepAdd;
+    case BarKey::Other:
+        break;
+    }
+    return QAbstractSlider::SliderNoAction;
 }
 
 QMouseEvent MouseEventAt(QEvent::Type type, const QWidget& widget, QPointF global)
@@ -72,14 +84,17 @@ void AdjustBar::State(const BarState& state)
 
 void AdjustBar::keyPressEvent(QKeyEvent* event)
 {
-    const BarKeyEffect effect = PressBarKey(FromQtKey(event->key()), State());
+    const BarKey key = FromQtKey(event->key());
+    if (key == BarKey::Other) {
+        QScrollBar::keyPressEvent(event);
+        return;
+    }
+    const BarKeyEffect effect = PressBarKey(key, State());
     if (effect.beeps)
         prompts_.Beep();
     setValue(effect.position);
-    QKeyEvent passedOn(QEvent::KeyPress, ToQtKey(effect.passedOn, event->key()), event->modifiers(), event->text(),
-                       event->isAutoRepeat());
-    QScrollBar::keyPressEvent(&passedOn);
-    event->setAccepted(passedOn.isAccepted());
+    triggerAction(ActionOf(effect.passedOn));
+    event->accept();
 }
 
 void AdjustBar::mouseReleaseEvent(QMouseEvent* event)
