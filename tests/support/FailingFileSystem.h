@@ -31,6 +31,11 @@ public:
         return inner_.CopyToWorkingFile(source, target);
     }
 
+    void WriteWorkingFile(const std::string& path, std::string_view content) override
+    {
+        inner_.WriteWorkingFile(path, content);
+    }
+
     std::string ReadWholeFile(const std::string& path, std::size_t limit) override
     {
         return inner_.ReadWholeFile(path, limit);
