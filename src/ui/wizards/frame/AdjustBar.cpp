@@ -17,6 +17,8 @@ namespace tarvex {
 
 namespace {
 
+constexpr qreal kMissedPixels = 2; ///< a smaller distance may come from rounding
+
 constexpr std::array<std::pair<int, BarKey>, 6> kKeys{{{Qt::Key_Left, BarKey::Left},
                                                        {Qt::Key_Right, BarKey::Right},
                                                        {Qt::Key_Up, BarKey::Up},
@@ -97,6 +99,18 @@ void AdjustBar::keyPressEvent(QKeyEvent* event)
     event->accept();
 }
 
+void AdjustBar::mousePressEvent(QMouseEvent* event)
+{
+    seenAt_ = event->globalPosition();
+    QScrollBar::mousePressEvent(event);
+}
+
+void AdjustBar::mouseMoveEvent(QMouseEvent* event)
+{
+    seenAt_ = event->globalPosition();
+    QScrollBar::mouseMoveEvent(event);
+}
+
 void AdjustBar::mouseReleaseEvent(QMouseEvent* event)
 {
     if (busy_.IsBusy() && isSliderDown())
@@ -111,8 +125,10 @@ void AdjustBar::FollowMouse()
         return;
     const auto released = std::exchange(releasedAt_, std::nullopt);
     const QPointF global = released.value_or(QPointF(QCursor::pos()));
-    QMouseEvent move = MouseEventAt(QEvent::MouseMove, *this, global);
-    QScrollBar::mouseMoveEvent(&move);
+    if ((global - seenAt_).manhattanLength() >= kMissedPixels) {
+        QMouseEvent move = MouseEventAt(QEvent::MouseMove, *this, global);
+        mouseMoveEvent(&move);
+    }
     if (released) {
         QMouseEvent release = MouseEventAt(QEvent::MouseButtonRelease, *this, global);
         QScrollBar::mouseReleaseEvent(&release);

@@ -24,6 +24,8 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
@@ -31,6 +33,7 @@ private:
 
     IUserPrompts& prompts_;
     BusyState& busy_;
+    QPointF seenAt_;                    ///< where the bar last heard of the mouse
     std::optional<QPointF> releasedAt_; ///< where the handle was let go while transfers ran
     Subscription busyChanged_;
 };

@@ -7,6 +7,8 @@
 #include "shell/Document.h"
 #include "ui/wizards/frame/WizardElements.h"
 
+#include <utility>
+
 namespace tarvex {
 
 namespace {
@@ -101,16 +103,16 @@ void WizardFrame::Unload()
 {
     if (!document_)
         return;
-    subscriptions_.clear();
-    link_.Release();
-    product_.Unload();
     static NoProgress nowhere;
     document_->controller().SetProgressBar(&nowhere);
-    if (const auto device = document_->device())
-        device->Disconnect();
+    Attempt([this] { product_.Unload(); });
+    subscriptions_.clear();
+    link_.Release();
     link_.Attach(nullptr);
     files_.Attach(nullptr);
-    document_ = nullptr;
+    const auto device = std::exchange(document_, nullptr)->device();
+    if (device)
+        device->Disconnect();
 }
 
 void WizardFrame::NodeClicked(const std::string& key)

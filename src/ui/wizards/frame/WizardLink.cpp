@@ -81,6 +81,8 @@ bool WizardLink::Connect()
 
 bool WizardLink::EnsureLink()
 {
+    if (!document_)
+        return false;
     const auto device = document_->device();
     if (!failed_ && device && device->IsConnected())
         return true;

@@ -70,6 +70,7 @@ void WizardWindow::BuildPage()
     QWidget::setTabOrder(TreeView1, ListView1);
     QWidget::setTabOrder(ListView1, HScroll1);
     QWidget::setTabOrder(HScroll1, HelpTipPanel);
+    ListView1->setFocus();
     resize(QSize(158 * unit, 42 * fontMetrics().height()).boundedTo(screen()->availableSize() * 0.95));
 }
 

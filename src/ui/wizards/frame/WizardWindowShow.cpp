@@ -88,7 +88,10 @@ void WizardWindow::ShowMessage(const std::string& text)
 {
     message_->setText(ToQt(text));
     message_->setToolTip(ToQt(text));
-    StatusBarRefreshTimer.start();
+    if (text.empty())
+        StatusBarRefreshTimer.stop();
+    else
+        StatusBarRefreshTimer.start();
 }
 
 void WizardWindow::ShowPanel(const std::string& key, const std::string& text)
