@@ -7,6 +7,7 @@
 #include "config/TarvexData.h"
 #include "model/RegisterObject.h"
 #include "model/TarvexProperty.h"
+#include "support/ClosedPrompts.h"
 #include "support/FakeErrorLog.h"
 #include "support/FakeFileSystem.h"
 
@@ -18,23 +19,6 @@ namespace tarvex {
 namespace {
 
 constexpr const char* kPath = "/tmp/Tarvex.xml";
-
-/// Answers every question by closing the box.
-class ClosedPrompts : public IUserPrompts {
-public:
-    Answer ShowMessage(const MessageBoxRequest&) override { return Answer::Cancel; }
-    std::optional<std::string> AskText(const std::string&, const std::string&, const std::string&) override
-    {
-        return std::nullopt;
-    }
-    std::optional<std::string> AskOpenFile(const FileDialogRequest&) override { return std::nullopt; }
-    std::optional<std::string> AskSaveFile(const FileDialogRequest&) override { return std::nullopt; }
-    std::optional<std::size_t> BrowseForDevice(const std::vector<std::string>&) override { return std::nullopt; }
-    void ShowHelp(std::optional<std::int32_t>) override {}
-    void OpenInEditor(const std::string&) override {}
-    void Beep() override {}
-    void SetBusyPointer(bool) override {}
-};
 
 class NoProgress : public IProgress, public IStatusLine {
 public:

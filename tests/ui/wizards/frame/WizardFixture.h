@@ -97,7 +97,7 @@ protected:
         files_.files["/prog/HelpTips/CommunicationFailure.rtf"] = "{\\rtf1 lost}";
         DocumentServices services{state_, files_, errors_, packetLog_, prompts_, preferences_, {}, {}, {}, {}};
         services.links["Demo"] = [this] { return std::make_shared<DemoDevice>(prompts_); };
-        services.links["USB-HID Device"] = [this] { return usb_; };
+        services.links["USB-HID Device"] = [this] { return link_; };
         usb_->type = "USB-HID Device";
         usb_->memory = {{kGain, {200}}, {kTune, {10}}};
         document_ = std::make_unique<Document>(services);
@@ -127,6 +127,7 @@ protected:
     std::vector<std::string> journal_;
     FakeMainView mainView_{journal_};
     std::shared_ptr<FakeDevice> usb_ = std::make_shared<FakeDevice>();
+    std::shared_ptr<IDevice> link_ = usb_; ///< what the program makes as its USB link
     std::unique_ptr<Document> document_;
 };
 

@@ -1,7 +1,9 @@
 #include "ui/wizards/frame/WizardFrame.h"
 
+#include "comm/HIDDevice.h"
 #include "support/ExitCode.h"
 #include "support/ExpectError.h"
+#include "support/FakeHidServices.h"
 #include "support/FakeWizardFrameView.h"
 #include "support/FakeWizardView.h"
 #include "ui/wizards/frame/BarRules.h"
@@ -40,16 +42,6 @@ protected:
     {
         view_.selected = element;
         frame_.ElementClicked(element);
-    }
-    void LoseBoard()
-    {
-        usb_->mute = {kGain, kTune};
-        usb_->verifies = usb_->canConnect = false;
-    }
-    void BringBack()
-    {
-        usb_->mute.clear();
-        usb_->verifies = usb_->canConnect = true;
     }
     bool MenusAreOff() const { return view_.disabled.contains("File") && view_.disabled.contains("Options"); }
 
@@ -182,25 +174,35 @@ TEST_F(WizardFrameTest, AValueOutsideItsBoundsTurnsTheBarOff)
 
 TEST_F(WizardFrameTest, ALostBoardIsShownWithinOneTransferAndComesBackWithTheNext)
 {
+    FakeHidServices hid;
+    FakeHidBoard& board = *hid.boards.front();
+    board.known.attributes = {0x12C5, 0x0A51, 0x0102};
+    link_ = std::make_shared<HIDDevice>(hid, packetLog_, prompts_);
+    document_->SelectCommLink("Demo");
+    document_->SelectCommLink("USB-HID Device");
+    link_->connect(0x0A51, 0x12C5);
     Start("Gain");
-    LoseBoard();
-    view_.MoveBar(55);
-    EXPECT_EQ(Writes().size(), 1U);
+    EXPECT_EQ(view_.connection, "/prog/Images/connected_on_grey.jpg");
+    view_.MoveBar(200);
+    const std::size_t sent = board.sent.size();
+    board.plugged = false;
+    view_.MoveBar(199);
+    EXPECT_EQ(board.sent.size(), sent + 1);
     EXPECT_EQ(errors_.entries.back().number, 201);
     EXPECT_EQ(view_.valueText, "Communication Failure");
     EXPECT_TRUE(view_.alert);
     EXPECT_EQ(view_.tip, "{\\rtf1 lost}");
     EXPECT_EQ(view_.connection, "/prog/Images/brokenlink_on_grey.jpg");
     EXPECT_TRUE(MenusAreOff());
-    view_.MoveBar(56); // tries to connect, in vain and without a box
-    EXPECT_EQ(Writes().size(), 1U);
+    view_.MoveBar(198); // tries to connect, in vain and without a box
     EXPECT_TRUE(view_.alert);
-    BringBack();
-    view_.MoveBar(57);
-    EXPECT_EQ(usb_->memory[kGain], Bytes{197});
+    board.plugged = true;
+    view_.MoveBar(197);
+    EXPECT_EQ(board.memory.begin()->second, Bytes{57});
     EXPECT_FALSE(MenusAreOff());
-    EXPECT_EQ(view_.valueText, "57");
+    EXPECT_EQ(view_.valueText, "197");
     EXPECT_EQ(view_.tip, "{\\rtf1 gain}");
+    link_ = usb_;
 }
 
 TEST_F(WizardFrameTest, ABoardThatRefusesOneTransferStaysConnected)
@@ -219,8 +221,7 @@ TEST_F(WizardFrameTest, ABoardThatRefusesOneTransferStaysConnected)
 
 TEST_F(WizardFrameTest, ADeadLinkAtTheStartIsToldAndShown)
 {
-    LoseBoard();
-    usb_->connected = false;
+    usb_->verifies = usb_->canConnect = usb_->connected = false;
     prompts_.ExpectMessage("Unable to establish communication with Vexlon");
     frame_.SetCurrentProduct("Vexlon");
     EXPECT_EQ(prompts_.messages.back().title, "Communication Failure");
