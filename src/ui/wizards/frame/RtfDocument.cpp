@@ -13,6 +13,10 @@ namespace {
 
 constexpr double kSmallestContrast = 60;
 
+// A paragraph beyond these goes on in a new one: laying one out takes time with the square of its length.
+constexpr std::size_t kMostPieces = 200;
+constexpr std::size_t kMostLetters = 4000;
+
 double Brightness(const QColor& color) { return 0.30 * color.red() + 0.59 * color.green() + 0.11 * color.blue(); }
 
 /// Writes into a document at its end.
@@ -20,12 +24,20 @@ class DocumentSink : public IRtfSink {
 public:
     DocumentSink(QTextDocument& document, QColor background)
         : cursor_(&document), pointSize_(document.defaultFont().pointSizeF()), background_(std::move(background))
-    {}
+    {
+        cursor_.beginEditBlock(); // else the document is laid out anew for each piece
+    }
+    ~DocumentSink() override { cursor_.endEditBlock(); }
+    DocumentSink(const DocumentSink&) = delete;
+    DocumentSink& operator=(const DocumentSink&) = delete;
 
     void Text(std::string_view text, const RtfStyle& style) override
     {
-        if (std::exchange(paragraphEnded_, false))
+        const bool full = ++pieces_ > kMostPieces || (letters_ += text.size()) > kMostLetters;
+        if (std::exchange(paragraphEnded_, false) || full) {
             cursor_.insertBlock();
+            pieces_ = letters_ = 0;
+        }
         cursor_.insertText(ToQt(text), FormatOf(style));
     }
 
@@ -38,8 +50,9 @@ public:
 
     void Refuse(const QString& why)
     {
-        cursor_.document()->clear();
-        cursor_.insertText(why);
+        cursor_.select(QTextCursor::Document);
+        cursor_.removeSelectedText();
+        cursor_.insertText(why, QTextCharFormat());
     }
 
 private:
@@ -60,6 +73,8 @@ private:
     double pointSize_;
     QColor background_;
     bool paragraphEnded_ = false;
+    std::size_t pieces_ = 0; ///< of this paragraph, as the next
+    std::size_t letters_ = 0;
 };
 
 }

@@ -30,7 +30,7 @@ public:
 enum class RtfResult { Read, NotRichText, TooLarge, TooDeep };
 
 /// The largest rich text and the deepest nesting of groups that are read.
-inline constexpr std::size_t kLargestRtf = std::size_t{256} << 10;
+inline constexpr std::size_t kLargestRtf = std::size_t{64} << 10;
 inline constexpr std::size_t kDeepestRtf = 100;
 
 /// Reads rich text: groups, bold, italic, underline, size, colour, paragraph, line, tab, \'hh (Windows 1252) and \u.

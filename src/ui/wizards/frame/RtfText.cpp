@@ -7,6 +7,7 @@ namespace tarvex {
 namespace {
 
 constexpr std::uint32_t kReplacement = 0xFFFD;
+constexpr std::size_t kLongestPiece = 2000;
 
 constexpr std::array<std::uint16_t, 32> kWindows1252{0x20AC, 0xFFFD, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                                      0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0xFFFD, 0x017D, 0xFFFD,
@@ -73,7 +74,7 @@ void RtfText::Append(std::uint32_t character, const RtfStyle& style)
 {
     if (character < 0x20 && character != '\t')
         return;
-    if (!(style == style_)) {
+    if (!(style == style_) || text_.size() >= kLongestPiece) {
         if (!text_.empty())
             sink_.Text(text_, style_);
         text_.clear();
