@@ -114,7 +114,7 @@ std::shared_ptr<IHidBoard> HIDDevice::Open(const std::string& path)
 }
 
 // A candidate that cannot be used is passed over: the next one may be the board that is looked for.
-std::shared_ptr<IHidBoard> HIDDevice::OpenMatching(std::int32_t productId, std::int32_t vendorId)
+bool HIDDevice::OpenMatching(std::int32_t productId, std::int32_t vendorId)
 {
     for (const HidInterface& candidate : QueryForHID()) {
         if (!MatchesDevice(candidate.attributes, productId, vendorId))
@@ -123,10 +123,10 @@ std::shared_ptr<IHidBoard> HIDDevice::OpenMatching(std::int32_t productId, std::
         const auto attributes = board ? board->Attributes() : std::nullopt;
         if (attributes && MatchesDevice(*attributes, productId, vendorId) && IsUsable(board->ReportLengths())) {
             Keep(board, *attributes);
-            return board;
+            return true;
         }
     }
-    return nullptr;
+    return false;
 }
 
 void HIDDevice::Keep(std::shared_ptr<IHidBoard> board, const HidAttributes& attributes)

@@ -65,7 +65,7 @@ private:
 
     std::vector<HidInterface> QueryForHID();
     std::shared_ptr<IHidBoard> Open(const std::string& path);
-    std::shared_ptr<IHidBoard> OpenMatching(std::int32_t productId, std::int32_t vendorId);
+    bool OpenMatching(std::int32_t productId, std::int32_t vendorId);
     void Keep(std::shared_ptr<IHidBoard> board, const HidAttributes& attributes);
 
     void CheckMayTransfer(const char* source, const char* what, std::int16_t aspi) const;

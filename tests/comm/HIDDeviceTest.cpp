@@ -168,7 +168,8 @@ TEST_F(HIDDeviceTest, SurvivesRandomFaults)
         if (fault == 2)
             report[5] = 0xFF;
         if (fault == 3)
-            reports.insert(reports.begin(), any(5), Bytes(foreign.begin(), foreign.end() - 1 - any(9)));
+            reports.insert(reports.begin(), any(5),
+                           Bytes(foreign.begin(), foreign.begin() + 1 + static_cast<int>(any(9))));
         if (fault == 4)
             reports.clear();
     };
