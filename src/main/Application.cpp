@@ -3,7 +3,9 @@
 #include "base/Text.h"
 #include "comm/DemoDevice.h"
 #include "comm/HIDDevice.h"
+#include "comm/SerialZorbus.h"
 #include "main/ExitSignals.h"
+#include "main/NetworkQuery.h"
 #include "main/ProgramPaths.h"
 #include "platform/SystemClock.h"
 #include "platform/files/PosixFileSystem.h"
@@ -26,6 +28,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <memory>
 
 namespace tarvex {
 
@@ -38,10 +41,10 @@ class Application {
 public:
     explicit Application(const std::string& commandLine)
         : state_(StateOfThisProcess()), errorLog_(files_, "TarvexError.log"), packetLog_(files_, clock_), wait_(busy_),
-          prompts_(files_.FindOwnFile(state_.programFolder + "/" + kHelpFileName)),
-          hidServices_(wait_), settings_(SettingsStore::DefaultPath(state_.programFileName)),
-          mainWindow_({state_, preferences_, settings_, files_, clock_, prompts_, errorLog_, wait_, busy_,
-                       deviceChanges_}),
+          prompts_(files_.FindOwnFile(state_.programFolder + "/" + kHelpFileName)), hidServices_(wait_),
+          networkQuery_(prompts_), settings_(SettingsStore::DefaultPath(state_.programFileName)),
+          mainWindow_(
+              {state_, preferences_, settings_, files_, clock_, prompts_, errorLog_, wait_, busy_, deviceChanges_}),
           startup_(Services(commandLine), Libraries(), settings_, mainWindow_), signals_(busy_)
     {
         UncaughtErrors::Install(&errorLog_, &prompts_);
@@ -81,12 +84,28 @@ private:
         services.links[kHidDeviceType] = [this] {
             return std::make_shared<HIDDevice>(hidServices_, packetLog_, prompts_);
         };
+        services.links[kSerialDeviceType] = [this] {
+            return std::make_shared<SerialZorbus>(SerialZorbusServices{[this] { return NorvaneSystem(); }, state_,
+                                                                       packetLog_, errorLog_, prompts_, networkQuery_,
+                                                                       wait_, zoneRest_},
+                                                  preferences_.serial);
+        };
         return services;
     }
 
-    static Dependencies Libraries()
+    Dependencies Libraries()
     {
-        return {XmlDocument::Version, [] { return std::make_shared<SimulatedNorvaneSystem>(); }};
+        return {XmlDocument::Version, [this] { return NorvaneSystem(); }};
+    }
+
+    /// One network for all who use it: what was written through one link is there for the next.
+    std::shared_ptr<INorvaneSystem> NorvaneSystem()
+    {
+        if (!norvaneSystem_)
+            norvaneSystem_ =
+                std::make_shared<SimulatedNorvaneSystem>(NetworkFilesOfThisRun(state_.programFolder, state_.rootFolder),
+                                                         SimulatedNorvaneSystem::Services{&files_, &wait_, &errorLog_});
+        return norvaneSystem_;
     }
 
     ProgramState state_;
@@ -99,6 +118,9 @@ private:
     QtWait wait_;
     UserPrompts prompts_;
     HidServices hidServices_;
+    NetworkQuery networkQuery_;
+    ZoneRest zoneRest_;
+    std::shared_ptr<INorvaneSystem> norvaneSystem_;
     DeviceChanges deviceChanges_;
     SettingsStore settings_;
     AdvancedForm mainWindow_;
