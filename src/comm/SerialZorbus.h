@@ -14,7 +14,7 @@
 namespace tarvex {
 
 class IPacketLog;
-class IQueryProgress;
+class IQueryWindow;
 class IUserPrompts;
 struct ProgramState;
 
@@ -31,7 +31,6 @@ struct SerialZorbusServices {
     IPacketLog& packetLog;
     IErrorLog& errorLog;
     IUserPrompts& prompts;
-    IQueryProgress& progress;
     IWait& wait;
     ZoneRest& rest;
 };
@@ -100,7 +99,7 @@ private:
     static std::int32_t ExtractZorbusID(const std::string& browseString);
     std::vector<std::string> DiscoverNodes();
     std::string EntryOf(std::int32_t nodeId);
-    bool IsCancelled() const;
+    bool IsCancelled(const IQueryWindow* window) const;
     bool ConnectPatiently(std::int32_t nodeId);
     bool ConnectTo(std::int32_t nodeId) { return connect(nodeId, kNorvaneVendorId) == 1; }
     void LeaveOtherNode(std::int32_t nodeId);

@@ -5,7 +5,6 @@
 #include "comm/SerialZorbusTexts.h"
 #include "platform/IUserPrompts.h"
 #include "platform/IWait.h"
-#include "platform/zorbus/IQueryProgress.h"
 
 #include <algorithm>
 #include <chrono>
@@ -27,18 +26,6 @@ public:
 
 private:
     IUserPrompts& prompts_;
-};
-
-/// The query-progress window while the network is searched.
-class QueryWindow {
-public:
-    explicit QueryWindow(IQueryProgress& progress) : progress_(progress) { progress_.ShowQueryProgress(); }
-    ~QueryWindow() { progress_.CloseQueryProgress(); }
-    QueryWindow(const QueryWindow&) = delete;
-    QueryWindow& operator=(const QueryWindow&) = delete;
-
-private:
-    IQueryProgress& progress_;
 };
 
 }
@@ -64,17 +51,17 @@ std::vector<std::string> SerialZorbus::DiscoverNodes()
     const BusyPointer pointer(services_.prompts);
     if (!zone_.IsOpen() && !zone_.Open(settings_))
         return {std::string()};
-    const QueryWindow window(services_.progress);
+    const auto window = services_.prompts.ShowQueryProgress();
     services_.wait.Pause(kSettleTime);
     std::vector<std::string> entries;
-    if (!IsCancelled())
+    if (!IsCancelled(window.get()))
         for (const std::int32_t nodeId : zone_.Discover()) {
             services_.wait.Breathe();
-            if (IsCancelled())
+            if (IsCancelled(window.get()))
                 break;
             entries.push_back(EntryOf(nodeId));
         }
-    return IsCancelled() ? std::vector<std::string>() : entries;
+    return IsCancelled(window.get()) ? std::vector<std::string>() : entries;
 }
 
 std::string SerialZorbus::EntryOf(std::int32_t nodeId)
@@ -86,7 +73,10 @@ std::string SerialZorbus::EntryOf(std::int32_t nodeId)
     return BrowseString(*record);
 }
 
-bool SerialZorbus::IsCancelled() const { return services_.wait.Cancelled() || services_.progress.QueryCancelled(); }
+bool SerialZorbus::IsCancelled(const IQueryWindow* window) const
+{
+    return services_.wait.Cancelled() || (window && window->Cancelled());
+}
 
 std::int32_t SerialZorbus::IDevice_ConnectToPath(const std::string& path)
 {
@@ -108,9 +98,9 @@ std::int32_t SerialZorbus::IDevice_ConnectToPath(const std::string& path)
 /// Two more attempts, for which the node is given time; the user may give up between them.
 bool SerialZorbus::ConnectPatiently(std::int32_t nodeId)
 {
-    const QueryWindow window(services_.progress);
+    const auto window = services_.prompts.ShowQueryProgress();
     services_.wait.Pause(kSettleTime);
-    for (int attempt = 0; attempt < 2 && !IsCancelled(); ++attempt)
+    for (int attempt = 0; attempt < 2 && !IsCancelled(window.get()); ++attempt)
         if (ConnectTo(nodeId))
             return true;
     return false;

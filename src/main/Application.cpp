@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "comm/DemoDevice.h"
 #include "comm/HIDDevice.h"
+#include "comm/SerialZorbus.h"
 #include "main/ExitSignals.h"
 #include "main/ProgramPaths.h"
 #include "platform/SystemClock.h"
@@ -26,6 +27,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <memory>
 
 namespace tarvex {
 
@@ -81,12 +83,28 @@ private:
         services.links[kHidDeviceType] = [this] {
             return std::make_shared<HIDDevice>(hidServices_, packetLog_, prompts_);
         };
+        services.links[kSerialDeviceType] = [this] {
+            return std::make_shared<SerialZorbus>(SerialZorbusServices{[this] { return NorvaneSystem(); }, state_,
+                                                                       packetLog_, errorLog_, prompts_,
+                                                                       wait_, zoneRest_},
+                                                  preferences_.serial);
+        };
         return services;
     }
 
-    static Dependencies Libraries()
+    Dependencies Libraries()
     {
-        return {XmlDocument::Version, [] { return std::make_shared<SimulatedNorvaneSystem>(); }};
+        return {XmlDocument::Version, [this] { return NorvaneSystem(); }};
+    }
+
+    /// One network for all who use it: what was written through one link is there for the next.
+    std::shared_ptr<INorvaneSystem> NorvaneSystem()
+    {
+        if (!norvaneSystem_)
+            norvaneSystem_ =
+                std::make_shared<SimulatedNorvaneSystem>(NetworkFilesOfThisRun(state_.programFolder, state_.rootFolder),
+                                                         SimulatedNorvaneSystem::Services{&files_, &wait_, &errorLog_});
+        return norvaneSystem_;
     }
 
     ProgramState state_;
@@ -99,6 +117,8 @@ private:
     QtWait wait_;
     UserPrompts prompts_;
     HidServices hidServices_;
+    ZoneRest zoneRest_;
+    std::shared_ptr<INorvaneSystem> norvaneSystem_;
     DeviceChanges deviceChanges_;
     SettingsStore settings_;
     AdvancedForm mainWindow_;

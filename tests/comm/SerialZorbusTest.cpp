@@ -6,7 +6,6 @@
 #include "comm/SerialZorbusTexts.h"
 #include "comm/api/IPacketLog.h"
 #include "platform/files/PosixFileSystem.h"
-#include "platform/zorbus/IQueryProgress.h"
 #include "platform/zorbus/SimulatedNorvaneSystem.h"
 #include "support/ExpectError.h"
 #include "support/FakeErrorLog.h"
@@ -26,8 +25,15 @@ const std::string kRackA = "Kestra Rack A (0x1A2B)";
 const std::string kShipped = PosixFileSystem().ReadWholeFile(TARVEX_SHARE "/ZorbusNetwork.xml", 100'000);
 
 /// The surroundings of a link, which all write into the library's journal, so that one list tells what came when.
-class Surroundings : public FakeWait, public ScriptedPrompts, public IQueryProgress, public IPacketLog {
+class Surroundings : public FakeWait, public ScriptedPrompts, public IPacketLog {
 public:
+    struct Query : IQueryWindow {
+        explicit Query(Surroundings& world) : world_(world) { world_.Note("query"); }
+        ~Query() override { world_.Note("query over"); }
+        bool Cancelled() const override { return false; }
+        Surroundings& world_;
+    };
+
     void Note(const std::string& line) { files.files["journal"] += line + "\n"; }
     Lines Take()
     {
@@ -42,9 +48,7 @@ public:
         entries = shown;
         return chosen;
     }
-    void ShowQueryProgress() override { Note("query"); }
-    void CloseQueryProgress() noexcept override { Note("query over"); }
-    bool QueryCancelled() const override { return false; }
+    std::unique_ptr<IQueryWindow> ShowQueryProgress() override { return std::make_unique<Query>(*this); }
     bool IsPacketLogging() const noexcept override { return true; }
     void LogPacket(PacketDirection, const Bytes&, std::size_t, int) noexcept override {}
     void LogPacketError(PacketDirection, std::string_view) noexcept override {}
@@ -79,7 +83,7 @@ protected:
     void MakeLink(const CommSettings& settings)
     {
         link_ = std::make_unique<SerialZorbus>(SerialZorbusServices{[this] { return library_; }, world_.state, world_,
-                                                                    world_.log, world_, world_, world_, world_.rest},
+                                                                    world_.log, world_, world_, world_.rest},
                                                settings);
         const auto note = [this](auto& event, const char* name) {
             events_.push_back(event.Subscribe([this, name](auto...) { world_.Note(name); }));

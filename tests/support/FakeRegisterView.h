@@ -11,7 +11,7 @@ namespace tarvex {
 /// A register window without a window: keeps what it was told to show last, and how often.
 class FakeRegisterView : public IRegisterView {
 public:
-    bool IsViewVisible() const override { return true; }
+    bool IsViewVisible() const override { return visible; }
     void FillGrid() override
     {
         ++fills;
@@ -30,8 +30,16 @@ public:
     void ShowTitle(const std::string& text) override { title = text; }
     void ShowProducts(const std::vector<MenuChoice>&) override {}
     void ShowLinks(const std::vector<MenuChoice>& choices) override { links = choices; }
-    void ShowTarget(const std::string&, const std::string&) override {}
+    void ShowTarget(const std::string& newAddress, const std::string& newConnector) override
+    {
+        address = newAddress;
+        connector = newConnector;
+    }
+    std::string TargetAddress() const override { return address; }
+    std::string TargetConnector() const override { return connector; }
 
+    bool visible = true;
+    std::string address, connector;
     bool realTime = false;
     std::function<void()> echo = [] {}; ///< what the grid reports while it takes new values
     int fills = 0;

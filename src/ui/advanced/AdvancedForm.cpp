@@ -1,11 +1,13 @@
 #include "ui/advanced/AdvancedForm.h"
 
 #include "base/Numbers.h"
+#include "comm/dialogs/SerialSettings.h"
 #include "config/DataFileSaving.h"
 #include "shell/Document.h"
 #include "ui/advanced/GridPanel.h"
 #include "ui/advanced/VersionDlg.h"
 #include "ui/common/Guarded.h"
+#include "ui/common/ModalRun.h"
 #include "ui/common/WindowTools.h"
 
 #include <QCheckBox>
@@ -22,6 +24,8 @@ namespace tarvex {
 AdvancedForm::AdvancedForm(AdvancedFormServices services) : services_(services)
 {
     setObjectName("AdvancedForm");
+    StatusBarRefreshTimer.setObjectName("StatusBarRefreshTimer");
+    CommunicationInterval.setObjectName("CommunicationInterval");
     menus_ = std::make_unique<MainMenus>(*menuBar(), services_.busy, MenuHandlers());
     BuildControls();
     BuildStatusBar();
@@ -42,7 +46,7 @@ MainMenuHandlers AdvancedForm::MenuHandlers()
     handlers.link = [this](const std::string& link) { board_->SelectLink(link); };
     handlers.autoLoadFileOpen = [this](bool on) { services_.preferences.autoLoadFileOpen = on; };
     handlers.autoConnect = [this](bool on) { services_.preferences.autoConnect = on; };
-    handlers.serialSettings = [] {};
+    handlers.serialSettings = [this] { board_->ChangeSerialSettings(); };
     handlers.helpContents = [this] { services_.prompts.ShowHelp(std::nullopt); };
     handlers.hotKeys = [this] { services_.prompts.ShowHelp(kHotKeysTopic); };
     handlers.version = [this] { ShowVersion(); };
@@ -117,7 +121,8 @@ BoardActionServices AdvancedForm::ActionServices()
             services_.wait,
             *this,
             *this,
-            [this] { return std::make_shared<BusyGuard>(services_.busy); }};
+            [this] { return std::make_shared<BusyGuard>(services_.busy); },
+            [this](const CommSettings& settings) { return ChooseSerialSettings(settings); }};
 }
 
 void AdvancedForm::Init(IConfigController&, std::shared_ptr<IDevice>)
@@ -195,10 +200,25 @@ void AdvancedForm::SetZorbusID(std::int32_t value) { TXT_ZorbusID->setText(ToQt(
 
 void AdvancedForm::SetChannelNum(std::int16_t number) { TXT_ChannelNum->setText(QString::number(number)); }
 
-void AdvancedForm::ShowTarget(const std::string& address, const std::string& channel)
+void AdvancedForm::ShowTarget(const std::string& address, const std::string& connector)
 {
     TXT_ZorbusID->setText(ToQt(address));
-    TXT_ChannelNum->setText(ToQt(channel));
+    TXT_ChannelNum->setText(ToQt(connector));
+}
+
+std::string AdvancedForm::TargetAddress() const { return FromQt(TXT_ZorbusID->text()); }
+
+std::string AdvancedForm::TargetConnector() const { return FromQt(TXT_ChannelNum->text()); }
+
+std::optional<CommSettings> AdvancedForm::ChooseSerialSettings(const CommSettings& settings)
+{
+    const OwnedDialog<SerialSettings> dialog("SerialSettings", services_.prompts, this);
+    std::optional<CommSettings> chosen;
+    const Subscription settingsChanged =
+        dialog->CommSettingsChanged.Subscribe([&chosen](const CommSettings& changed) { chosen = changed; });
+    dialog->SetCommSettings(settings);
+    RunModal(*dialog);
+    return chosen;
 }
 
 void AdvancedForm::FillGrid() { grid_->Fill(document_->controller()); }

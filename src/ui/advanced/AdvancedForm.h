@@ -20,6 +20,7 @@
 #include <QTimer>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 class QCheckBox;
@@ -108,7 +109,9 @@ private:
     void ShowTitle(const std::string& title) override;
     void ShowProducts(const std::vector<MenuChoice>& products) override;
     void ShowLinks(const std::vector<MenuChoice>& links) override;
-    void ShowTarget(const std::string& address, const std::string& channel) override;
+    void ShowTarget(const std::string& address, const std::string& connector) override;
+    std::string TargetAddress() const override;
+    std::string TargetConnector() const override;
 
     // IProgress
     void IProgress_SetRange(std::int32_t steps, std::int32_t start) override;
@@ -120,6 +123,7 @@ private:
     void BuildStatusBar();
     void ConnectControls();
     BoardActionServices ActionServices();
+    std::optional<CommSettings> ChooseSerialSettings(const CommSettings& settings);
     void WriteDataFile(const std::string& path);
     void ShowVersion();
     void Quit();
@@ -138,6 +142,9 @@ private:
     QProgressBar* ProgressBar1 = nullptr;
     QLabel* message_ = nullptr;
     QTimer StatusBarRefreshTimer;
+    /// Stands still. An enclosure speaks only when it is asked, which holds up the window and everybody else on the
+    /// line; so a lost link is noticed by the next transfer, and not by asking all the time.
+    QTimer CommunicationInterval;
 
     Document* document_ = nullptr;
     std::string fileFolder_;

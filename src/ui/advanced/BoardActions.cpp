@@ -17,12 +17,13 @@ BoardActions::UserAction::UserAction(BoardActions& actions) : actions_(actions),
 {
     actions_.inUserAction_ = true;
     if (!outer_)
-        actions_.readWanted_ = actions_.loadWanted_ = false;
+        actions_.readWanted_ = actions_.loadWanted_ = actions_.cancelled_ = false;
 }
 
 BoardActions::BoardActions(Document& document, IRegisterView& view, BoardActionServices services)
     : document_(document), controller_(document.controller()), view_(view), services_(std::move(services)),
-      link_(document, services_.errorLog, services_.state.programFolder, services_.beginBusy)
+      link_(document, services_.errorLog, services_.state.programFolder, services_.beginBusy),
+      target_(view, services_.prompts)
 {
     TarvexController& controller = document.controller();
     subscriptions_.push_back(controller.DeviceNamesChanged.Subscribe([this](const auto&) {
@@ -34,6 +35,7 @@ BoardActions::BoardActions(Document& document, IRegisterView& view, BoardActionS
     subscriptions_.push_back(controller.DataFileOpened.Subscribe(
         [this](const std::string& product, const std::string& path) { FileOpened(product, path); }));
     subscriptions_.push_back(document.CommLinkChanged.Subscribe([this](const auto&) { LinkChanged(); }));
+    subscriptions_.push_back(link_.Connected.Subscribe([this] { LinkConnected(); }));
     link_.BindDevice();
     ShowProducts();
     ShowLinks();
@@ -57,17 +59,19 @@ void BoardActions::SelectLink(const std::string& link)
 {
     const UserAction action(*this);
     const auto before = document_.device();
-    const bool stood = link_.IsConnected();
-    document_.SelectCommLink(link);
+    const auto stoodTo = link_.ConnectedId();
+    SwitchLink(link);
     const bool replaced = document_.device() != before;
     if (!link_.Device() || (!replaced && link_.DeviceType() != link))
         services_.statusLine.DisplayStatusMessage("The communication link " + link + " is not available.");
     else if (controller_.deviceName().empty())
         readWanted_ = false;
-    else if (!link_.IsConnected() && (replaced || !link_.Connect())) // a new link was tried when it came
+    else if (!Aim())
+        readWanted_ = false;
+    else if (replaced ? !link_.IsConnected() : !link_.Connect()) // a new link was tried when it came
         Connecting();
     else
-        readWanted_ = replaced || !stood; // the link in use, chosen again, overwrites no edits
+        readWanted_ = replaced || stoodTo != link_.ConnectedId(); // the board in use, chosen again, overwrites no edits
     ShowLinks();
     FinishAction();
 }
@@ -108,6 +112,8 @@ void BoardActions::ProductChanged(const std::string& product)
     view_.ShowTitle("Tarvex");
     if (IsFixedAddressProduct(product))
         view_.ShowTarget("0x333", "1");
+    if (const auto nodeId = target_.NodeId(); nodeId && link_.IsSerial())
+        controller_.pid(*nodeId); // a wizard's start connects next
     FillGrid();
     ShowProducts();
     ShowLinks();
@@ -123,8 +129,9 @@ void BoardActions::LinkChanged()
     if (controller_.deviceName().empty() || !view_.IsViewVisible())
         return;
     services_.statusLine.DisplayStatusMessage("Changing underlying communication link.");
-    link_.Connect();
-    readWanted_ = inUserAction_;
+    readWanted_ = Aim() && inUserAction_;
+    if (!cancelled_)
+        link_.Connect();
 }
 
 void BoardActions::FileOpened(const std::string& product, const std::string& path)
@@ -154,10 +161,10 @@ void BoardActions::ChooseLinkForProduct(const std::string& product)
     view_.ShowRules(rules);
     const auto before = document_.device();
     if (!rules.defaultLink.empty())
-        document_.SelectCommLink(rules.defaultLink);
+        SwitchLink(rules.defaultLink);
     const auto links = LinksOf(product);
     if (links.size() == 1)
-        document_.SelectCommLink(links.front());
+        SwitchLink(links.front());
     if (document_.device() == before)
         link_.Release();
     if (links.size() == 1 && !document_.HasLink(links.front()) && !document_.IsDemoMode())

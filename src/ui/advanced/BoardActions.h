@@ -8,10 +8,12 @@
 #include "ui/advanced/BoardLink.h"
 #include "ui/advanced/IRegisterView.h"
 #include "ui/advanced/RegisterTransfer.h"
+#include "ui/advanced/SerialTarget.h"
 
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace tarvex {
@@ -30,6 +32,8 @@ struct BoardActionServices {
     IProgress& progress;
     IStatusLine& statusLine;
     std::function<std::shared_ptr<void>()> beginBusy;
+    /// Lets the user change the settings of the serial port; none when he cancelled.
+    std::function<std::optional<CommSettings>(const CommSettings&)> chooseSerialSettings;
 };
 
 /// What the user does to a board in the main window: choose product and link, connect, read, load, edit. The main
@@ -54,6 +58,8 @@ public:
     void EditRegister(const std::string& name, std::int32_t value);
     /// "Real Time Update" was ticked; it stays so only when the board answers.
     void RealTimeTicked();
+    /// Lets the user change the settings of the serial port until the enclosure answers with them or he has enough.
+    void ChangeSerialSettings();
     /// Ends writing at once before a file is opened.
     void LeaveRealTime() { view_.RealTime(false); }
     /// Opens a data file that the user chose. False when it was not opened, which he has been told.
@@ -91,6 +97,8 @@ private:
 
     void ProductChanged(const std::string& product);
     void LinkChanged();
+    void LinkConnected();
+    void SwitchLink(const std::string& link);
     void FileOpened(const std::string& product, const std::string& path);
     void ChooseLinkForProduct(const std::string& product);
     void ShowProducts();
@@ -98,6 +106,15 @@ private:
     void FillGrid();
     void FinishAction();
 
+    /// On the serial network, makes sure that address and connector are known, and that the controller's pid is the
+    /// address. False once the user cancelled a question of the action.
+    bool Aim();
+    /// What the link in use finds and the user picks; empty when there is nothing or he cancelled.
+    std::string Browse();
+    bool ConnectTo(const std::string& name);
+    /// Connects to an enclosure that was found, and keeps a product of this link: the name of an enclosure tells
+    /// nothing of the boards in it.
+    bool ConnectToNode(const std::string& name);
     std::vector<std::string> LinksOf(const std::string& product);
     void ShowFileTitle();
     void TellNoAnswer();
@@ -119,6 +136,7 @@ private:
     IRegisterView& view_;
     BoardActionServices services_;
     BoardLink link_;
+    SerialTarget target_;
 
     bool ready_ = false;
     bool showing_ = false; ///< the view is being filled: what it reports is no edit
@@ -126,6 +144,7 @@ private:
     bool modified_ = false;
     bool lastReadIncomplete_ = false;
     bool inUserAction_ = false;
+    bool cancelled_ = false;  ///< the user cancelled a question of the action
     bool readWanted_ = false; ///< a complete read follows at the end of the action
     bool loadWanted_ = false; ///< a load follows at the end of the action
     std::string shownProduct_;

@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "comm/DemoDevice.h"
 #include "comm/HIDDevice.h"
+#include "comm/SerialZorbus.h"
 #include "model/RegisterObject.h"
 #include "shell/Document.h"
 
@@ -20,6 +21,10 @@ void BoardLink::BindDevice()
         subscriptions_.push_back(usb->ReadFailure.Subscribe(noteStuck));
         subscriptions_.push_back(usb->WriteFailure.Subscribe(noteStuck));
     }
+    if (SerialZorbus* serial = SerialLink()) {
+        CountTransfersOf(*serial);
+        subscriptions_.push_back(serial->Connected.Subscribe([this](std::int32_t) { Connected.Raise(); }));
+    }
 }
 
 template <class Link> void BoardLink::CountTransfersOf(Link& link)
@@ -33,6 +38,8 @@ template <class Link> void BoardLink::CountTransfersOf(Link& link)
 }
 
 HIDDevice* BoardLink::UsbLink() const { return dynamic_cast<HIDDevice*>(Device()); }
+
+SerialZorbus* BoardLink::SerialLink() const { return dynamic_cast<SerialZorbus*>(Device()); }
 
 bool BoardLink::IsGone() const
 {
@@ -53,15 +60,24 @@ std::string BoardLink::DeviceType() const { return Device() ? Device()->DeviceTy
 
 bool BoardLink::IsDemo() const { return DeviceType() == kDemoDeviceType; }
 
+bool BoardLink::IsSerial() const { return DeviceType() == kSerialDeviceType; }
+
 bool BoardLink::IsConnected() const { return Device() && Device()->IsConnected(); }
+
+std::optional<std::int32_t> BoardLink::ConnectedId() const
+{
+    return IsConnected() ? std::optional(Device()->ProductID()) : std::nullopt;
+}
 
 bool BoardLink::Connect()
 {
     if (!Device())
         return false;
     IConfigController& controller = document_.controller();
-    return Succeeds(
-        [&] { return Device()->IsConnected() || Device()->connect(controller.pid(), controller.vid()) == 1; });
+    return Succeeds([&] {
+        const bool stands = !IsSerial() && Device()->IsConnected(); // an enclosure that is in use answers at once
+        return stands || Device()->connect(controller.pid(), controller.vid()) == 1;
+    });
 }
 
 bool BoardLink::Verify()
@@ -79,6 +95,15 @@ void BoardLink::Release()
 {
     if (Device() && !IsDemo())
         Device()->Disconnect();
+}
+
+bool BoardLink::UseSettings(const CommSettings& settings)
+{
+    return Succeeds([&] {
+        if (SerialZorbus* serial = SerialLink())
+            serial->SetCommParameters(settings);
+        return Verify();
+    });
 }
 
 bool BoardLink::Succeeds(const std::function<bool()>& attempt)

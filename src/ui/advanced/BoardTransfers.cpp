@@ -9,6 +9,10 @@ namespace tarvex {
 
 namespace {
 
+constexpr const char* kNoAddressHint = "\n\nEnter the address of the enclosure beside ZorbusID, or choose SerialZorbus "
+                                       "in the Communication menu to search "
+                                       "the network for it.";
+
 /// Takes "Real Time Update" away while values of the board are put into the grid.
 class RealTimeOff {
 public:
@@ -27,7 +31,7 @@ private:
 void BoardActions::ReadConfiguration()
 {
     const UserAction action(*this);
-    if (link_.Device() && !link_.IsDemo() && !link_.Connect())
+    if (link_.Device() && !link_.IsDemo() && !link_.IsSerial() && !link_.Connect())
         Connecting();
     else
         ReadIfLinkAnswers();
@@ -35,6 +39,8 @@ void BoardActions::ReadConfiguration()
 
 void BoardActions::ReadIfLinkAnswers()
 {
+    if (!Aim())
+        return;
     if (link_.Verify())
         ReadAll();
     else
@@ -44,24 +50,20 @@ void BoardActions::ReadIfLinkAnswers()
 void BoardActions::TellNoAnswer()
 {
     Tell("Unable to connect or verify communications to device " + controller_.deviceName() + " on " +
-         link_.DeviceType() + link_.WhyRefused());
+         link_.DeviceType() + link_.WhyRefused() + (link_.IsSerial() && controller_.pid() == 0 ? kNoAddressHint : ""));
 }
 
 void BoardActions::Connecting()
 {
     readWanted_ = false; // the read that follows a connection is made here
-    const std::string name = link_.IsDemo() ? std::string() : link_.Device()->Browse();
+    const std::string name = Browse();
     if (name.empty()) {
         TellNoAnswer();
         return;
     }
     if (!services_.prompts.Ask("Connect now to device " + name))
         return;
-    bool connected = false;
-    {
-        const auto busy = services_.beginBusy();
-        connected = controller_.ConnectDevice(name, *link_.Device());
-    }
+    const bool connected = ConnectTo(name);
     readWanted_ = false;
     if (!connected) {
         Tell("Unable to connect to " + name + link_.WhyRefused());
@@ -69,8 +71,10 @@ void BoardActions::Connecting()
     }
     services_.state.g_minInitVersion = MinInitVersionForProduct(controller_.deviceName());
     view_.ShowRules(RulesForProduct(controller_.deviceName()));
-    ReadAll();
     view_.EnableTransfers(true);
+    if (!Aim())
+        return;
+    ReadAll();
     services_.statusLine.DisplayStatusMessage("Connected to " + name);
 }
 
@@ -79,6 +83,10 @@ TransferResult BoardActions::Run(const Registers& registers, Direction direction
     const auto busy = services_.beginBusy();
     const auto device = document_.device(); // stays while its transfers run
     RegisterTransfer transfer(*device, link_.Counts(), services_.errorLog);
+    if (link_.IsSerial())
+        transfer.AddressWith([this, product = controller_.deviceName()](const RegisterObject& object) {
+            return target_.AspiOf(object, product);
+        });
     transfer.ShowOn(registers.size() > 1 ? &services_.progress : nullptr, services_.statusLine, services_.wait);
     return (transfer.*direction)(registers);
 }
@@ -102,6 +110,8 @@ void BoardActions::ReadAll()
 void BoardActions::LoadConfiguration()
 {
     const UserAction action(*this);
+    if (!Aim())
+        return;
     if (!link_.Connect()) {
         Tell("Failed to connect to " + controller_.deviceName() + link_.WhyRefused());
         return;
@@ -131,6 +141,8 @@ void BoardActions::ReadSingleRegister(const std::string& name)
 {
     const UserAction action(*this);
     const auto object = controller_.GetI2CRegisterByName(name);
+    if (!Aim())
+        return;
     if (!link_.Verify()) {
         TellNoAnswer();
         return;
@@ -164,10 +176,10 @@ void BoardActions::EditRegister(const std::string& name, std::int32_t value)
 void BoardActions::WriteOne(const std::shared_ptr<RegisterObject>& object)
 {
     TransferResult result;
-    if (document_.device())
+    result.failed = 1;
+    // To an enclosure that is not the one in the address box, nothing may be written.
+    if (document_.device() && Aim() && (!link_.IsSerial() || link_.Connect()))
         result = Run({object}, &RegisterTransfer::Write);
-    else
-        result.failed = 1;
     document_.UpdateAllViews(nullptr, kRegisterChanged, object->Name());
     if (result.Complete())
         services_.statusLine.DisplayStatusMessage(object->Name() + " written.");
@@ -182,7 +194,8 @@ void BoardActions::RealTimeTicked()
 {
     if (!view_.RealTime())
         return;
-    const bool answers = link_.Verify();
+    const UserAction action(*this);
+    const bool answers = Aim() && link_.Verify();
     if (!answers)
         view_.RealTime(false);
     services_.statusLine.DisplayStatusMessage(answers ? "The board answers: each change is written at once."

@@ -36,7 +36,10 @@ public:
     virtual void ShowProducts(const std::vector<MenuChoice>& products) = 0;
     virtual void ShowLinks(const std::vector<MenuChoice>& links) = 0;
     /// Puts address and connector of the serial network into their boxes.
-    virtual void ShowTarget(const std::string& address, const std::string& channel) = 0;
+    virtual void ShowTarget(const std::string& address, const std::string& connector) = 0;
+    /// What these boxes hold now.
+    virtual std::string TargetAddress() const = 0;
+    virtual std::string TargetConnector() const = 0;
 };
 
 }

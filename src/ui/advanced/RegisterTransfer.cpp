@@ -128,12 +128,14 @@ TransferResult RegisterTransfer::Run(const Registers& registers, Direction direc
 
 TransferResult RegisterTransfer::Read(const Registers& registers)
 {
-    return Run(registers, Direction::Read, [this](RegisterObject& object) { object.ReadValue(device_, kNoAspi); });
+    return Run(registers, Direction::Read,
+               [this](RegisterObject& object) { object.ReadValue(device_, aspiOf_(object)); });
 }
 
 TransferResult RegisterTransfer::Write(const Registers& registers)
 {
-    return Run(registers, Direction::Write, [this](RegisterObject& object) { object.WriteValue(device_, kNoAspi); });
+    return Run(registers, Direction::Write,
+               [this](RegisterObject& object) { object.WriteValue(device_, aspiOf_(object)); });
 }
 
 std::vector<std::shared_ptr<RegisterObject>> AllRegisters(IConfigController& controller)

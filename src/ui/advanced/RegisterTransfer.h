@@ -6,8 +6,10 @@
 #include "config/IProgress.h"
 #include "platform/IWait.h"
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tarvex {
@@ -49,6 +51,10 @@ public:
     /// what is going on.
     void ShowOn(IProgress* progress, IStatusLine& statusLine, IWait& wait);
 
+    /// What gives each register's address on the network (comm/api/IDevice.h); without it there is none. It may raise,
+    /// which then counts as a failure of the register.
+    void AddressWith(std::function<std::int16_t(const RegisterObject&)> aspiOf) { aspiOf_ = std::move(aspiOf); }
+
     TransferResult Read(const std::vector<std::shared_ptr<RegisterObject>>& registers);
     TransferResult Write(const std::vector<std::shared_ptr<RegisterObject>>& registers);
 
@@ -63,6 +69,7 @@ private:
     IDevice& device_;
     TransferCounts& counts_;
     IErrorLog& errorLog_;
+    std::function<std::int16_t(const RegisterObject&)> aspiOf_ = [](const RegisterObject&) { return kNoAspi; };
     IProgress* progress_ = nullptr;
     IStatusLine* statusLine_ = nullptr;
     IWait* wait_ = nullptr;

@@ -69,7 +69,8 @@ protected:
         document_->Run(mainView_);
         board_ = std::make_unique<BoardActions>(*document_, view_,
                                                 BoardActionServices{state_, preferences_, prompts_, errors_, wait_,
-                                                                    screen_, screen_, [this] { return Busy(); }});
+                                                                    screen_, screen_, [this] { return Busy(); },
+                                                                    [this](const auto& now) { return choose_(now); }});
     }
 
     /// A Vexlon whose board answers, read once.
@@ -117,6 +118,7 @@ protected:
     FakeRegisterView view_;
     FakeMainView mainView_{journal_};
     int busyDepth_ = 0;
+    std::function<std::optional<CommSettings>(const CommSettings&)> choose_;
     std::function<void(FakeDevice&)> prepareLink_ = [](FakeDevice&) {};
     std::shared_ptr<FakeDevice> usb_;
     std::unique_ptr<Document> document_;
