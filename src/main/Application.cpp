@@ -85,8 +85,8 @@ private:
         };
         services.links[kSerialDeviceType] = [this] {
             return std::make_shared<SerialZorbus>(SerialZorbusServices{[this] { return NorvaneSystem(); }, state_,
-                                                                       packetLog_, errorLog_, prompts_,
-                                                                       wait_, zoneRest_},
+                                                                       packetLog_, errorLog_, prompts_, wait_,
+                                                                       zoneRest_},
                                                   preferences_.serial);
         };
         return services;

@@ -16,7 +16,6 @@ public:
     std::optional<std::string> AskSaveFile(const FileDialogRequest&) override { return std::nullopt; }
     std::optional<std::size_t> BrowseForDevice(const std::vector<std::string>&) override { return std::nullopt; }
     std::unique_ptr<IQueryWindow> ShowQueryProgress() override { return nullptr; }
-    std::unique_ptr<IQueryWindow> ShowQueryProgress() override { return nullptr; }
     void ShowHelp(std::optional<std::int32_t>) override {}
     void OpenInEditor(const std::string&) override {}
     void Beep() override {}
