@@ -15,9 +15,16 @@ std::string Prefix(std::string_view beginning, PacketDirection direction)
 
 std::string HexBytes(const Bytes& packet, std::size_t count)
 {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    count = std::min(count, packet.size());
     std::string text;
-    for (std::size_t i = 0; i < std::min(count, packet.size()); ++i)
-        text += ToHex(packet[i]) + " ";
+    text.reserve(3 * count);
+    for (std::size_t i = 0; i < count; ++i) {
+        if (packet[i] > 0xF)
+            text += kDigits[packet[i] >> 4];
+        text += kDigits[packet[i] & 0xF];
+        text += ' ';
+    }
     return text;
 }
 
