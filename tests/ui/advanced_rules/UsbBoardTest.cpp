@@ -75,6 +75,7 @@ TEST_F(UsbBoardTest, AMissingRightIsSaidUnderTheBoxsOwnText)
     same.connect(0x0A51, 0x12C5);
     const std::string hint = same.OpenRefusedHint("/prog");
     EXPECT_NE(hint.find("/prog/70-tarvex.rules"), std::string::npos);
+    prompts_.ExpectMessage("Unable to connect or verify communications to device Vexlon on USB-HID Device\n\n" + hint);
     board_->SelectProduct("Vexlon");
     prompts_.ExpectMessage("Failed to connect to Vexlon\n\n" + hint);
     board_->LoadConfiguration();
