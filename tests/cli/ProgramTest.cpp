@@ -45,6 +45,60 @@ TEST_F(ProgramTest, AnUnusableInitFileIsLoggedAndEndsWith2)
     EXPECT_EQ(WorkingCopies(), 0);
 }
 
+/// A new user at the shipped network of enclosures, with the product Cendra.
+TEST_F(ProgramTest, AnEnclosureIsReachedByItsAddressAndSettingsAreKept)
+{
+    const auto start = [this](ProgramDriver& driver) {
+        driver.WaitShown("AdvancedForm");
+        driver.Menu("ProductMenu_5");
+    };
+    const auto enter = [](ProgramDriver& driver, const std::string& box, const std::string& text) {
+        driver.Click(box);
+        driver.Key("Ctrl+A");
+        driver.Type(text);
+    };
+    {
+        ProgramDriver driver(With({}));
+        start(driver);
+        driver.WaitText("MessageBox", "Enter the address of the enclosure");
+        driver.Key("Return");
+        enter(driver, "TXT_ZorbusID", "0x1A2B");
+        enter(driver, "TXT_ChannelNum", "3");
+        driver.Click("BTN_Read");
+        driver.WaitText("StatusBar1/Message", "5 registers read, none failed.");
+        enter(driver, "UI_RegisterItem_1/txtInput", "7");
+        driver.Click("BTN_Load");
+        driver.WaitText("StatusBar1/Message", "1 register written, none failed.");
+        enter(driver, "UI_RegisterItem_1/txtInput", "5");
+        driver.Click("BTN_Read");
+        driver.WaitText("StatusBar1/Message", "5 registers read, none failed.");
+        EXPECT_EQ(driver.Text("UI_RegisterItem_1/txtInput"), "7");
+
+        enter(driver, "TXT_ZorbusID", "0x4D55"); // mute
+        driver.Click("BTN_Read");
+        driver.WaitText("MessageBox", "Unable to connect or verify communications to device Cendra on SerialZorbus");
+        driver.Key("Return");
+        driver.Menu("SerialPortSettings");
+        driver.WaitShown("SerialSettings");
+        for (const char* key : {"Down", "Down", "Return"}) // COM 3, where nothing is attached
+            driver.Key(key);
+        driver.WaitText("MessageBox", "Unable to communicate to hardware.");
+        EXPECT_EQ(driver.Text("StatusBar1/Message"), "Failed to verify communication to COM 3");
+        driver.Key("Return");
+        driver.WaitShown("SerialSettings");
+        driver.Key("Escape");
+        driver.Menu("Quit");
+        driver.WaitText("MessageBox", "before closing");
+        driver.Key("Escape");
+        EXPECT_EQ(driver.ExitCode(), 0);
+    }
+    EXPECT_NE(folder.Read("home/.config/tarvex/tarvex.ini").find("COM_Port=3"), std::string::npos);
+    ProgramDriver driver(With({}));
+    start(driver);
+    driver.WaitText("MessageBox", "Unable to connect"); // nothing is on port 3
+    EXPECT_EQ(driver.Text("TXT_ZorbusID"), "0x4D55");
+}
+
 /// The main window on the demo board, with the first product of the shipped init file.
 class MainWindowRun : public ProgramTest {
 protected:
