@@ -45,6 +45,52 @@ TEST_F(ProgramTest, AnUnusableInitFileIsLoggedAndEndsWith2)
     EXPECT_EQ(WorkingCopies(), 0);
 }
 
+/// A new user at the shipped network of enclosures, with the product Cendra.
+TEST_F(ProgramTest, AnEnclosureIsReachedByItsAddressAndSettingsAreKept)
+{
+    ProgramDriver driver(With({}));
+    const auto enter = [&](const std::string& box, const std::string& text) {
+        driver.Click(box);
+        driver.Key("Ctrl+A");
+        driver.Type(text);
+    };
+    const auto closeBox = [&](const std::string& text, const char* key) {
+        driver.WaitText("MessageBox", text);
+        driver.Key(key);
+    };
+    const auto click = [&](const std::string& button, const std::string& status) {
+        driver.Click(button);
+        driver.WaitText("StatusBar1/Message", status);
+    };
+    driver.WaitShown("AdvancedForm");
+    driver.Menu("ProductMenu_5");
+    closeBox("Enter the address of the enclosure", "Return");
+    enter("TXT_ZorbusID", "0x1A2B");
+    enter("TXT_ChannelNum", "3");
+    click("BTN_Read", "5 registers read, none failed.");
+    enter("UI_RegisterItem_1/txtInput", "7");
+    click("BTN_Load", "1 register written, none failed.");
+    enter("UI_RegisterItem_1/txtInput", "5");
+    click("BTN_Read", "5 registers read, none failed.");
+    EXPECT_EQ(driver.Text("UI_RegisterItem_1/txtInput"), "7");
+
+    enter("TXT_ZorbusID", "0x4D55"); // mute
+    driver.Click("BTN_Read");
+    closeBox("Unable to connect or verify communications to device Cendra on SerialZorbus", "Return");
+    driver.Menu("SerialPortSettings");
+    driver.WaitShown("SerialSettings");
+    for (const char* key : {"Down", "Down", "Return"}) // COM 3, where nothing is attached
+        driver.Key(key);
+    closeBox("Unable to communicate to hardware.", "Return");
+    EXPECT_EQ(driver.Text("StatusBar1/Message"), "Failed to verify communication to COM 3");
+    driver.WaitShown("SerialSettings");
+    driver.Key("Escape");
+    driver.Menu("Quit");
+    closeBox("before closing", "Escape");
+    EXPECT_EQ(driver.ExitCode(), 0);
+    EXPECT_NE(folder.Read("home/.config/tarvex/tarvex.ini").find("COM_Port=3"), std::string::npos);
+}
+
 /// The main window on the demo board, with the first product of the shipped init file.
 class MainWindowRun : public ProgramTest {
 protected:

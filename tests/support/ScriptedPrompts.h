@@ -34,6 +34,12 @@ public:
         expectations_.push_back({"save dialog", {}, std::move(answer)});
     }
 
+    /// An input box, told by its question, title and proposal one after another; no answer = cancelled.
+    void ExpectText(const std::string& texts, std::optional<std::string> answer)
+    {
+        expectations_.push_back({"input box " + texts, {}, std::move(answer)});
+    }
+
     Answer ShowMessage(const MessageBoxRequest& request) override
     {
         messages.push_back(request);
@@ -44,9 +50,10 @@ public:
 
     std::optional<std::string> AskSaveFile(const FileDialogRequest&) override { return Take("save dialog").text; }
 
-    std::optional<std::string> AskText(const std::string& question, const std::string&, const std::string&) override
+    std::optional<std::string> AskText(const std::string& question, const std::string& title,
+                                       const std::string& proposal) override
     {
-        return Take("input box " + question).text;
+        return Take("input box " + question + title + proposal).text;
     }
 
     std::optional<std::size_t> BrowseForDevice(const std::vector<std::string>&) override

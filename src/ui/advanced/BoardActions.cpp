@@ -64,9 +64,7 @@ void BoardActions::SelectLink(const std::string& link)
     const bool replaced = document_.device() != before;
     if (!link_.Device() || (!replaced && link_.DeviceType() != link))
         services_.statusLine.DisplayStatusMessage("The communication link " + link + " is not available.");
-    else if (controller_.deviceName().empty())
-        readWanted_ = false;
-    else if (!Aim())
+    else if (controller_.deviceName().empty() || !Aim())
         readWanted_ = false;
     else if (replaced ? !link_.IsConnected() : !link_.Connect()) // a new link was tried when it came
         Connecting();
