@@ -1,7 +1,6 @@
 #include "base/Text.h"
 #include "comm/SerialZorbus.h"
 #include "platform/files/PosixFileSystem.h"
-#include "platform/zorbus/IQueryProgress.h"
 #include "platform/zorbus/SimulatedNorvaneSystem.h"
 #include "ui/advanced_rules/BoardFixture.h"
 
@@ -13,7 +12,7 @@ const std::string kConnector =
     "Enter the 1 based number of the connector on the target enclosure:Input Target Connector Number1";
 
 /// The actions on the shipped network of enclosures.
-class SerialBoardTest : public BoardTest, private IQueryProgress {
+class SerialBoardTest : public BoardTest {
 protected:
     void StartWith(const std::string& product, const std::string& address, const std::string& connector)
     {
@@ -23,9 +22,9 @@ protected:
             const auto library = std::make_shared<SimulatedNorvaneSystem>(
                 SimulatedNetworkFiles{"/prog/ZorbusNetwork.xml", true, "", "journal"},
                 SimulatedNorvaneSystem::Services{&files_, &wait_, &errors_});
-            return std::make_shared<SerialZorbus>(SerialZorbusServices{[=] { return library; }, state_, packetLog_,
-                                                                       errors_, prompts_, *this, wait_, rest_},
-                                                  preferences_.serial);
+            return std::make_shared<SerialZorbus>(
+                SerialZorbusServices{[=] { return library; }, state_, packetLog_, errors_, prompts_, wait_, rest_},
+                preferences_.serial);
         };
         Start();
         view_.address = address;
@@ -43,11 +42,6 @@ protected:
     }
 
     ZoneRest rest_;
-
-private:
-    void ShowQueryProgress() override {}
-    void CloseQueryProgress() noexcept override {}
-    bool QueryCancelled() const override { return false; }
 };
 
 TEST_F(SerialBoardTest, EachRegisterIsReadAndWrittenAtItsSignalProcessor)
