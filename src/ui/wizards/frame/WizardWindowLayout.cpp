@@ -101,33 +101,33 @@ QWidget* WizardWindow::BuildHelp()
 
 QFrame* WizardWindow::BuildAdjustment()
 {
-    auto* Frame1 = new QFrame(this);
-    NameControl(*Frame1, "Frame1");
-    Picture1 = new PictureTile(kElementPicture, Frame1);
+    auto* frame = new QFrame(this);
+    NameControl(*frame, "Frame1");
+    Picture1 = new PictureTile(kElementPicture, frame);
     NameControl(*Picture1, "Picture1", "Picture of the setting");
-    Label1 = AddLabel(*Frame1, "Label1");
+    Label1 = AddLabel(*frame, "Label1");
     Enlarge(*Label1, 1.2);
-    Description = AddLabel(*Frame1, "Description");
+    Description = AddLabel(*frame, "Description");
     Description->setWordWrap(true);
     Description->setMinimumHeight(2 * fontMetrics().lineSpacing());
     Description->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    HScroll1 = new AdjustBar(services_.prompts, services_.busy, Frame1);
+    HScroll1 = new AdjustBar(services_.prompts, services_.busy, frame);
     NameControl(*HScroll1, "HScroll1", "Value of the setting");
     HScroll1->setMinimumHeight(fontMetrics().height() * 3 / 2);
-    StatusText = AddLabel(*Frame1, "StatusText", "Value");
+    StatusText = AddLabel(*frame, "StatusText", "Value");
     StatusText->setAlignment(Qt::AlignCenter);
     Enlarge(*StatusText, 1.4);
     StatusText->setMinimumWidth(StatusText->fontMetrics().horizontalAdvance("Communication Failure "));
-    auto* grid = new QGridLayout(Frame1);
+    auto* grid = new QGridLayout(frame);
     grid->addWidget(Picture1, 0, 0, 3, 1);
-    grid->addWidget(AddLine(*Frame1, "Line3", QFrame::VLine), 0, 1, 3, 1);
+    grid->addWidget(AddLine(*frame, "Line3", QFrame::VLine), 0, 1, 3, 1);
     grid->addWidget(Label1, 0, 2);
     grid->addWidget(Description, 1, 2);
     grid->addWidget(HScroll1, 2, 2);
-    grid->addWidget(AddLine(*Frame1, "Line4", QFrame::VLine), 0, 3, 3, 1);
+    grid->addWidget(AddLine(*frame, "Line4", QFrame::VLine), 0, 3, 3, 1);
     grid->addWidget(StatusText, 0, 4, 3, 1);
     grid->setColumnStretch(2, 1);
-    return Frame1;
+    return frame;
 }
 
 void WizardWindow::BuildStatusBar()
