@@ -8,7 +8,10 @@ namespace tarvex {
 inline constexpr std::int32_t kErrHidSystem = 301;     ///< the system does not tell about its HID devices
 inline constexpr std::int32_t kErrPacketTooLong = 302; ///< a packet does not fit into a report of the board
 inline constexpr std::int32_t kErrNotConnected = 303;
-inline constexpr std::int32_t kErrUnexpectedAspi = 305;
+inline constexpr std::int32_t kErrNoNetworkLibrary = 304;
+inline constexpr std::int32_t kErrUnexpectedAspi = 305; ///< also a missing one, where one is needed
+inline constexpr std::int32_t kErrBrowseString = 900;   ///< names no node
+inline constexpr std::int32_t kErrSettingKind = 902;    ///< settings of something other than a serial port
 
 // What register packets raise.
 inline constexpr std::int32_t kErrParameterId = 700;

@@ -1,0 +1,135 @@
+#include "base/Error.h"
+#include "base/Numbers.h"
+#include "comm/Errors.h"
+#include "comm/SerialZorbus.h"
+#include "comm/SerialZorbusTexts.h"
+#include "platform/IUserPrompts.h"
+#include "platform/IWait.h"
+#include "platform/zorbus/IQueryProgress.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace tarvex {
+
+namespace {
+
+constexpr std::chrono::seconds kSettleTime{1}; ///< before the network is searched, and between two attempts
+constexpr const char* kExtractZorbusId = "SerialZorbus::ExtractZorbusID";
+
+/// The hourglass pointer while the network is searched.
+class BusyPointer {
+public:
+    explicit BusyPointer(IUserPrompts& prompts) : prompts_(prompts) { prompts_.SetBusyPointer(true); }
+    ~BusyPointer() { prompts_.SetBusyPointer(false); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+
+private:
+    IUserPrompts& prompts_;
+};
+
+/// The query-progress window while the network is searched.
+class QueryWindow {
+public:
+    explicit QueryWindow(IQueryProgress& progress) : progress_(progress) { progress_.ShowQueryProgress(); }
+    ~QueryWindow() { progress_.CloseQueryProgress(); }
+    QueryWindow(const QueryWindow&) = delete;
+    QueryWindow& operator=(const QueryWindow&) = delete;
+
+private:
+    IQueryProgress& progress_;
+};
+
+}
+
+std::string SerialZorbus::IDevice_Browse()
+{
+    std::vector<std::string> entries = DiscoverNodes();
+    std::erase(entries, std::string());
+    if (entries.empty())
+        return {};
+    if (entries.size() == 1) {
+        services_.prompts.Tell("Discovered a single enclosure: " + entries.front());
+        return entries.front();
+    }
+    const auto chosen = services_.prompts.BrowseForDevice(entries);
+    return chosen && *chosen < entries.size() ? entries[*chosen] : std::string();
+}
+
+/// An entry for every node on the network, also for those that do not answer; none when the user gave up, and one empty
+/// entry when the port cannot be opened.
+std::vector<std::string> SerialZorbus::DiscoverNodes()
+{
+    const BusyPointer pointer(services_.prompts);
+    if (!zone_.IsOpen() && !zone_.Open(settings_))
+        return {std::string()};
+    const QueryWindow window(services_.progress);
+    services_.wait.Pause(kSettleTime);
+    std::vector<std::string> entries;
+    if (!IsCancelled())
+        for (const std::int32_t nodeId : zone_.Discover()) {
+            services_.wait.Breathe();
+            if (IsCancelled())
+                break;
+            entries.push_back(EntryOf(nodeId));
+        }
+    return IsCancelled() ? std::vector<std::string>() : entries;
+}
+
+std::string SerialZorbus::EntryOf(std::int32_t nodeId)
+{
+    const auto record = zone_.ReadRecord(nodeId);
+    if (!record)
+        return "no response from 0x" + ToHex(nodeId);
+    nodeCache_.try_emplace(nodeId, *record);
+    return BrowseString(*record);
+}
+
+bool SerialZorbus::IsCancelled() const { return services_.wait.Cancelled() || services_.progress.QueryCancelled(); }
+
+std::int32_t SerialZorbus::IDevice_ConnectToPath(const std::string& path)
+{
+    const auto idText = IdTextOf(path, false);
+    const auto nodeId = idText ? TryParseHex(*idText) : std::nullopt;
+    if (!nodeId)
+        return 0;
+    if (connected_ && *nodeId == nodeId_)
+        return 1;
+    if (connected_)
+        Disconnect();
+    if (ConnectTo(*nodeId) || ConnectPatiently(*nodeId))
+        return 1;
+    nodeId_ = *nodeId;
+    Connected.Raise(1);
+    return 0;
+}
+
+/// Two more attempts, for which the node is given time; the user may give up between them.
+bool SerialZorbus::ConnectPatiently(std::int32_t nodeId)
+{
+    const QueryWindow window(services_.progress);
+    services_.wait.Pause(kSettleTime);
+    for (int attempt = 0; attempt < 2 && !IsCancelled(); ++attempt)
+        if (ConnectTo(nodeId))
+            return true;
+    return false;
+}
+
+NodeRecord SerialZorbus::CreateNode(const std::string& browseString) const
+{
+    const auto found = nodeCache_.find(ExtractZorbusID(browseString));
+    if (found == nodeCache_.end())
+        RaiseRuntime(kErrInvalidCall, "SerialZorbus::CreateNode");
+    return found->second;
+}
+
+std::int32_t SerialZorbus::ExtractZorbusID(const std::string& browseString)
+{
+    const auto idText = IdTextOf(browseString, true);
+    if (!idText)
+        Raise(kErrBrowseString, kExtractZorbusId, "Invalid Browse string");
+    return ParseHex(*idText, kExtractZorbusId);
+}
+
+}

@@ -1,0 +1,31 @@
+#include "platform/zorbus/CallJournal.h"
+
+#include "base/Numbers.h"
+
+namespace tarvex {
+
+bool CallJournal::Open(const std::string& path)
+{
+    auto stream = files_ ? files_->OpenText(path, OpenMode::Append) : nullptr;
+    if (!stream)
+        return false;
+    streams_.push_back(std::move(stream));
+    return true;
+}
+
+void CallJournal::Write(const std::string& call, NorvaneStatus status, const std::string& results)
+{
+    if (streams_.empty())
+        return;
+    std::string line = call + " = " + (status < 0 ? HexText(status) : "ok");
+    if (!results.empty())
+        line += ": " + results;
+    for (const auto& stream : streams_)
+        stream->WriteLine(line);
+}
+
+std::string HexText(std::int32_t value) { return "0x" + ToHex(value); }
+
+std::string BoolText(NorvaneBool value) { return value == kNorvaneFalse ? "False" : "True"; }
+
+}

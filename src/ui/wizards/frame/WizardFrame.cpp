@@ -1,0 +1,220 @@
+#include "ui/wizards/frame/WizardFrame.h"
+
+#include "base/Error.h"
+#include "base/ExitRequest.h"
+#include "comm/Errors.h"
+#include "config/IProgress.h"
+#include "shell/Document.h"
+#include "ui/wizards/frame/WizardElements.h"
+
+namespace tarvex {
+
+namespace {
+
+/// Takes the place of a window that has gone: the controller keeps the last place it was given.
+class NoProgress : public IProgress {
+    void IProgress_SetRange(std::int32_t, std::int32_t) override {}
+    void IProgress_TickProgress(std::int32_t) override {}
+    void IProgress_Show(bool) override {}
+};
+
+}
+
+WizardFrame::WizardFrame(IWizardView& self, IWizardFrameView& view, IWizardProduct& product, WizardServices services)
+    : self_(self), view_(view), product_(product), services_(std::move(services)), description_(product.Describe()),
+      link_(view_, product_, description_, services_, [this] { LinkRecovered(); }),
+      files_(view_, product_, description_, services_)
+{
+    product_.Attach(*this);
+}
+
+void WizardFrame::Attempt(const std::function<void()>& action)
+{
+    std::int32_t number = 0;
+    std::string description;
+    try {
+        action();
+        return;
+    } catch (const Error& error) {
+        services_.errorLog.LogCurrentError();
+        number = error.Number();
+        description = error.Description();
+    }
+    ShowFailure(number, description); // outside the handler: it may ask the user
+}
+
+void WizardFrame::ShowFailure(std::int32_t number, const std::string& description)
+{
+    const bool ofTransfer = number == kErrWriteFailed || number == kErrReadFailed || number == kErrNotConnected;
+    if (!ofTransfer)
+        services_.prompts.Tell(description);
+    else if (!document_ || link_.StillAnswers())
+        Say(description);
+    else
+        link_.EnterFailureState();
+}
+
+std::string WizardFrame::ViewName() const { return startCaption_.empty() ? description_.viewName : startCaption_; }
+
+void WizardFrame::SetCaption(const std::string& caption)
+{
+    startCaption_ = caption;
+    view_.ShowTitle(caption);
+}
+
+bool WizardFrame::Init(Document& document, const std::shared_ptr<IProduct>& product)
+{
+    document_ = &document;
+    link_.Attach(document_);
+    files_.Attach(document_);
+    subscriptions_.clear();
+    subscriptions_.push_back(document.CommLinkChanged.Subscribe([this](const auto&) { link_.BindDevice(); }));
+    subscriptions_.push_back(document.controller().DataFileOpened.Subscribe(
+        [this](const std::string&, const std::string& path) { files_.Opened(path); }));
+    link_.BindDevice();
+    elements_ = FindElements(document.controller(), services_.files, services_.state, description_.elements);
+    view_.ShowElements(elements_);
+    view_.EnableEntry("Undo", false);
+    view_.EnableBar(false);
+    current_.clear();
+    return product_.Init(product);
+}
+
+void WizardFrame::SetCurrentProduct(const std::string& product)
+{
+    product_.SetCurrentProduct(product);
+    if (current_.empty() && !link_.HasFailed())
+        SelectAgain();
+}
+
+void WizardFrame::UpdateUI(std::int32_t kind, const std::string& name)
+{
+    Attempt([&] {
+        if (document_ && product_.UpdateUI(kind, name))
+            SelectAgain();
+    });
+}
+
+bool WizardFrame::ConfirmClose() { return !document_ || files_.ConfirmClose(); }
+
+void WizardFrame::Unload()
+{
+    if (!document_)
+        return;
+    subscriptions_.clear();
+    link_.Release();
+    product_.Unload();
+    static NoProgress nowhere;
+    document_->controller().SetProgressBar(&nowhere);
+    if (const auto device = document_->device())
+        device->Disconnect();
+    link_.Attach(nullptr);
+    files_.Attach(nullptr);
+    document_ = nullptr;
+}
+
+void WizardFrame::NodeClicked(const std::string& key)
+{
+    Attempt([&] { product_.NodeClicked(key); });
+}
+
+void WizardFrame::Open()
+{
+    Attempt([this] {
+        const auto path = files_.AskOpenName();
+        if (!path || !product_.OpenFile(*path))
+            return;
+        SelectAgain();
+        product_.FileOpened();
+        Say("Opened file: " + *path);
+        TellOtherViews(kEverythingChanged, "");
+    });
+}
+
+void WizardFrame::Save()
+{
+    Attempt([this] { files_.Save(); });
+}
+
+void WizardFrame::SaveAs()
+{
+    Attempt([this] { files_.SaveAs(); });
+}
+
+void WizardFrame::Quit()
+{
+    if (!ConfirmClose())
+        return;
+    Unload();
+    ExitApplication(0);
+}
+
+void WizardFrame::OpenAdvancedView()
+{
+    Attempt([this] {
+        if (!TheDocument().OpenView("AdvancedForm", &self_))
+            services_.prompts.Tell("Unable to open Advanced View.");
+        else
+            TheDocument().UpdateAllViews(&self_, kEverythingChanged, "");
+    });
+}
+
+Document& WizardFrame::TheDocument()
+{
+    if (!document_)
+        RaiseRuntime(kErrInvalidCall, "Wizard::TheDocument");
+    return *document_;
+}
+
+IConfigController& WizardFrame::Controller() { return TheDocument().controller(); }
+
+std::string WizardFrame::PicturePath(const std::string& fileName) const
+{
+    return FindPicture(services_.files, services_.state, fileName);
+}
+
+bool WizardFrame::Transfer(std::int32_t error, const std::string& source, const std::string& text,
+                           const std::function<void()>& transfers)
+{
+    const auto busy = services_.beginBusy();
+    if (!link_.EnsureLink())
+        return false;
+    const auto kept = document_->device(); // stays while it is at work
+    const int before = link_.Failures();
+    transfers();
+    if (link_.Failures() > before)
+        Raise(error, source, text);
+    return true;
+}
+
+bool WizardFrame::Write(const std::string& source, const std::string& what, const std::function<void()>& writes)
+{
+    if (!Transfer(kErrWriteFailed, source, "Failed to write " + what, writes))
+        return false;
+    files_.MarkDirty();
+    return true;
+}
+
+bool WizardFrame::Read(const std::string& source, const std::string& what, const std::function<void()>& reads)
+{
+    return Transfer(kErrReadFailed, source, "Failed to read " + what, reads);
+}
+
+std::shared_ptr<void> WizardFrame::BeginProgress()
+{
+    IProgress& progress = view_.Progress();
+    Controller().SetProgressBar(&progress);
+    progress.Show(true);
+    return {&progress, [](IProgress* shown) { shown->Show(false); }};
+}
+
+void WizardFrame::TellOtherViews(std::int32_t kind, const std::string& name)
+{
+    try {
+        TheDocument().UpdateAllViews(&self_, kind, name);
+    } catch (const Error&) {
+        services_.errorLog.LogCurrentError(); // what another view cannot show does not undo what happened here
+    }
+}
+
+}

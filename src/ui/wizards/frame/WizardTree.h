@@ -1,0 +1,35 @@
+#pragma once
+
+#include "base/Event.h"
+#include "ui/wizards/frame/IWizardFrameView.h"
+
+#include <QTreeWidget>
+
+#include <string>
+#include <vector>
+
+namespace tarvex {
+
+/// The navigation tree. A node is chosen with a click, or with Enter.
+class WizardTree : public QTreeWidget {
+public:
+    explicit WizardTree(QWidget* parent);
+
+    Event<WizardTree, const std::string&> NodeClicked;
+
+    void ShowNodes(const std::vector<TreeNode>& roots);
+    void Select(const std::string& key);
+    void ShowChecks(bool shown);
+    std::vector<std::string> Checked() const;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void FitToCaptions();
+    void Tell(const QTreeWidgetItem* item);
+
+    bool checksShown_ = false;
+};
+
+}
