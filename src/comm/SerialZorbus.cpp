@@ -8,6 +8,8 @@
 #include "comm/api/IPacketLog.h"
 #include "platform/IUserPrompts.h"
 
+#include <utility>
+
 namespace tarvex {
 
 namespace {
@@ -113,13 +115,15 @@ std::int32_t SerialZorbus::IDevice_connect(std::int32_t nodeId, std::int32_t ven
     return 1;
 }
 
-/// Whoever asks for another node must never write to the old one, also when the new one turns out not to answer.
+/// Whoever asks for another node must never write to the old one, also when the new one turns out not to answer: then
+/// no node is in use.
 void SerialZorbus::LeaveOtherNode(std::int32_t nodeId)
 {
-    if (!connected_ || nodeId == nodeId_)
+    if (nodeId == nodeId_)
         return;
-    connected_ = false;
-    Disconnected.Raise(0);
+    nodeId_ = 0;
+    if (std::exchange(connected_, false))
+        Disconnected.Raise(0);
 }
 
 /// Whether the node is there; its record is known then.

@@ -18,8 +18,8 @@ struct DataFileServices {
 };
 
 /// Saves the values of all registers of the controller's device as a data file: the device's component of the init file
-/// with a Value in each register. The file is replaced in one step, so that a failure leaves the old one. Raises 101
-/// when the init file lacks a register list, 5 when it lacks the device, and what replacing the file raises.
+/// with a Value in each register. Either the new file is on disk when this returns, or it raises what the operations of
+/// TarvexData raise and the old file is there as it was.
 void SaveDataFile(const DataFileServices& services, const TarvexData& initFile, IConfigController& controller,
                   const std::string& path);
 

@@ -149,7 +149,7 @@ void TarvexController::CheckDataFile(XmlElement root, const std::string& path) c
     if (FunctionalComponents(root).size() > 1)
         RaiseInvalid("Invalid file " + path + " has more than on FunctionalComponent tag.");
     const std::string name(component.ChildContent("Name"));
-    if (std::find(componentNames_.begin(), componentNames_.end(), name) == componentNames_.end())
+    if (!component || std::find(componentNames_.begin(), componentNames_.end(), name) == componentNames_.end())
         Raise(ObjectError(0xD), "TarvexController::InitDeviceFromFile",
               "Cannot locate product " + name + " in init file " + initFilePath_);
 }

@@ -58,6 +58,8 @@ TarvexData::TarvexData(const ProgramState& state, IFileSystem& files)
     : state_(state), files_(files), path_(state.programFolder + "/TarvexData.xml")
 {}
 
+TarvexData::~TarvexData() { RemoveWorkingFile(); }
+
 bool TarvexData::InitToRead(const std::string& path)
 {
     const bool wasInitialized = initialized_;
@@ -166,6 +168,8 @@ std::shared_ptr<IProduct> TarvexData::GetProduct(std::int32_t boardId, std::int3
 
 void TarvexData::CloseFile()
 {
+    RemoveWorkingFile();
+    written_.reset();
     kept_.reset();
     tree_.reset();
     text_ = std::string();

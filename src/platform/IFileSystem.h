@@ -36,6 +36,8 @@ public:
     /// mode 0600. A leftover working copy of ours under that name is removed first; any other file there is a failure.
     /// Copying a file onto itself does nothing and answers false; true when a copy was made.
     virtual bool CopyToWorkingFile(const std::string& source, const std::string& target) = 0;
+    /// Writes a working copy anew, created and removed on the terms of CopyToWorkingFile; on any failure none stays.
+    virtual void WriteWorkingFile(const std::string& path, std::string_view content) = 0;
     /// Removes a file; false when it is not there or cannot be removed.
     virtual bool Remove(const std::string& path) noexcept = 0;
     /// Names (not paths) of the entries of a folder; none when it cannot be read.

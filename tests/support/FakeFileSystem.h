@@ -40,6 +40,8 @@ public:
 
     bool Remove(const std::string& path) noexcept override { return files.erase(path) != 0; }
 
+    void WriteWorkingFile(const std::string& path, std::string_view content) override { files[path] = content; }
+
     std::vector<std::string> ListFolder(const std::string& path) override
     {
         std::vector<std::string> names;

@@ -64,6 +64,23 @@ void RemoveOwnLeftover(const std::string& path, const struct stat& status)
         unlink(path.c_str());
 }
 
+Descriptor CreateWorkingFile(const std::string& operation, const std::string& path)
+{
+    Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    if (!file)
+        RaiseFromErrno(operation, path);
+    return file;
+}
+
+/// Removes a working file that the last call could not fill, and raises its error.
+[[noreturn]] void GiveUpWorkingFile(const std::string& operation, const std::string& path)
+{
+    const int failure = errno;
+    unlink(path.c_str());
+    errno = failure;
+    RaiseFromErrno(operation, path);
+}
+
 bool CopyBytes(const Descriptor& from, const Descriptor& to)
 {
     std::array<char, 65536> buffer;
@@ -107,15 +124,21 @@ bool PosixFileSystem::CopyToWorkingFile(const std::string& source, const std::st
             return false;
         RemoveOwnLeftover(target, theirs);
     }
-    const Descriptor to(open(target.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
-    if (!to)
-        RaiseFromErrno(operation, target);
-    if (CopyBytes(from, to))
-        return true;
-    const int failure = errno;
-    unlink(target.c_str());
-    errno = failure;
-    RaiseFromErrno(operation, target);
+    const Descriptor to = CreateWorkingFile(operation, target);
+    if (!CopyBytes(from, to))
+        GiveUpWorkingFile(operation, target);
+    return true;
+}
+
+void PosixFileSystem::WriteWorkingFile(const std::string& path, std::string_view content)
+{
+    const std::string operation = "PosixFileSystem::WriteWorkingFile";
+    struct stat old {};
+    if (lstat(path.c_str(), &old) == 0)
+        RemoveOwnLeftover(path, old);
+    Descriptor file = CreateWorkingFile(operation, path);
+    if (!WriteAll(file, content) || close(file.Release()) != 0)
+        GiveUpWorkingFile(operation, path);
 }
 
 bool PosixFileSystem::Remove(const std::string& path) noexcept { return unlink(path.c_str()) == 0; }

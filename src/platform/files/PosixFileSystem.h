@@ -11,6 +11,7 @@ public:
     std::string TemporaryFolder() override;
     std::string FindOwnFile(const std::string& path) override;
     bool CopyToWorkingFile(const std::string& source, const std::string& target) override;
+    void WriteWorkingFile(const std::string& path, std::string_view content) override;
     bool Remove(const std::string& path) noexcept override;
     std::vector<std::string> ListFolder(const std::string& path) override;
     std::string ReadWholeFile(const std::string& path, std::size_t limit) override;

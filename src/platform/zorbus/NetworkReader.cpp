@@ -101,8 +101,7 @@ public:
         network_.isInstalled = attributes.Flag("installed", true);
         network_.waitFactor = Factor(root);
         for (const XmlElement& wait : root.Children("Wait"))
-            network_.waits[Attributes(wait).Text("operation")] =
-                std::chrono::milliseconds(Attributes(wait).Decimal("milliseconds", 0, 0, kHighestWait));
+            ReadWait(wait);
         for (const XmlElement& fault : root.Children("Fault"))
             network_.faults.push_back(ReadFault(fault));
         for (const XmlElement& port : root.Children("Port"))
@@ -121,6 +120,16 @@ private:
         if (failure != std::errc() || end != text.data() + text.size() || !(factor >= 0 && factor <= kHighestFactor))
             Refuse(root, "waitFactor is no number from 0 to 10");
         return factor;
+    }
+
+    /// Closing takes no time: a link closes its zone at its end, where nothing may wait.
+    void ReadWait(XmlElement element)
+    {
+        const Attributes attributes(element);
+        const std::string operation = attributes.Text("operation");
+        if (operation == "CloseZone")
+            Refuse(element, "CloseZone cannot wait");
+        network_.waits[operation] = std::chrono::milliseconds(attributes.Decimal("milliseconds", 0, 0, kHighestWait));
     }
 
     static FaultRule ReadFault(XmlElement element)

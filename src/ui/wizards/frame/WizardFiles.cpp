@@ -1,7 +1,7 @@
 #include "ui/wizards/frame/WizardFiles.h"
 
 #include "base/Error.h"
-#include "config/DataFileSaving.h"
+#include "config/TarvexData.h"
 #include "shell/Document.h"
 
 namespace tarvex {
@@ -75,8 +75,15 @@ bool WizardFiles::WriteTo(const std::string& path, const std::string& failureEnd
 
 void WizardFiles::WriteFile(const std::string& path)
 {
-    SaveDataFile({services_.state, services_.files, services_.clock}, *document_->initFile(), document_->controller(),
-                 path);
+    const TarvexData& initFile = *document_->initFile();
+    const auto tree = initFile.Tree(); // made once for the steps below
+    TarvexData file(services_.state, services_.files);
+    file.InitToWrite(initFile, path, services_.clock);
+    file.AddProduct(initFile, document_->controller().deviceName());
+    if (!product_.AddToFile(file))
+        Raise(ObjectError(1), "Wizard::WriteFile", "The product's part of " + path + " could not be written");
+    file.WriteSimpleData(document_->controller());
+    file.Commit(path);
 }
 
 bool WizardFiles::ConfirmClose()
