@@ -58,14 +58,14 @@ void VexlonFiles::Restore(std::int32_t value)
 void VexlonFiles::WriteAll()
 {
     IWizardHost& host = board_.Host();
+    const std::int16_t count = host.Controller().GetI2CRegisterCount();
     bool allWritten = true;
-    const auto writes = [&] {
-        const std::int16_t count = host.Controller().GetI2CRegisterCount();
+    {
+        const auto busy = host.Services().beginBusy();
         host.View().Progress().SetRange(count, 1);
         for (std::int16_t i = 0; i < count; ++i)
             allWritten = WriteOne(host.Controller().GetI2CRegister(i)->Name()) && allWritten;
-    };
-    writes();
+    }
     if (!allWritten)
         host.Services().prompts.Tell("error writing register to Vexlon");
 }

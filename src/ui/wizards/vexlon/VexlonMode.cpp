@@ -116,6 +116,12 @@ void VexlonMode::Undo(std::int32_t code)
         UndoRefresh();
 }
 
+void VexlonMode::ForgetChanges()
+{
+    previousResolution_ = kNoResolution;
+    previousPll_.reset();
+}
+
 void VexlonMode::UndoResolution()
 {
     if (previousResolution_ == kNoResolution) {

@@ -36,6 +36,7 @@ void VexlonTarget::NodeClicked(const std::string& key)
         return;
     if (Connect(key)) {
         name_ = key;
+        mode_.ForgetChanges();
     } else {
         prompts.Tell("Unable to connect to " + key + ". Restoring last good target.");
         RestoreLast();

@@ -1,0 +1,258 @@
+#include "ui/wizards/vexlon/VexlonFixture.h"
+
+#include <algorithm>
+
+namespace tarvex {
+
+namespace {
+
+constexpr const char* kUse60Hz = "Use a default refresh rate of 60Hz?";
+constexpr const char* kGainQuestion = "This contrast setting will cause the current gain differential in Blue Gain to "
+                                      "be lost. Continue?";
+const std::vector<std::pair<std::string, int>> kMode1024{
+    {"DE_CNT MSB", 4}, {"DE_CNT LSB", 0}, {"DE_LIN MSB", 3}, {"DE_LIN LSB", 0}, {"VCO/CPMP", 0x60}};
+
+}
+
+TEST_F(VexlonTest, ElementsMapToTheirRegistersAndBounds)
+{
+    StartVexlon(kMode1024);
+    EXPECT_EQ(view_.Message(), "Success connecting and retrieving data.");
+    EXPECT_EQ(view_.elements.size(), 9U);
+    const struct {
+        const char* element;
+        Values board;
+        std::int32_t low, high, position, moveTo;
+        Values written;
+    } cases[] = {
+        {"Red Gain", {{"Red Gain", 200}}, 0, 254, 54, 64, {{"Red Gain", 190}}},
+        {"Horizontal Position", {{"DE_DLY", 0}}, 0, 254, 254, 0, {{"DE_DLY", 254}}},
+        {"Vertical Position", {{"DE_TOP", 10}}, 0, 254, 10, 11, {{"DE_TOP", 11}}},
+        {"Height", {{"DE_LIN MSB", 3}, {"DE_LIN LSB", 1}}, 1, 2047, 769, 255, {{"DE_LIN MSB", 0}, {"DE_LIN LSB", 255}}},
+        {"Fine Tune", {{"PLL Div LSB", 0x28}}, 0, 15, 2, 15, {{"PLL Div LSB", 0xF0}}},      // 2.5
+        {"Phase Timing", {{"Phase Adjust", 0x1C}}, 0, 31, 4, 31, {{"Phase Adjust", 0xF8}}}, // 3.5
+        {"Brightness",
+         {{"Red Offset", 10}, {"Green Offset", 20}, {"Blue Offset", 30}},
+         0,
+         254,
+         234,
+         229,
+         {{"Red Offset", 15}, {"Green Offset", 25}, {"Blue Offset", 35}}},
+        {"Contrast", {}, 0, 254, 191, 190, {{"Red Gain", 191}, {"Green Gain", 1}, {"Blue Gain", 1}}},
+    };
+    for (const auto& each : cases) {
+        for (const auto& [name, value] : each.board)
+            Cell(name) = {static_cast<std::uint8_t>(value)};
+        Select(each.element);
+        EXPECT_EQ(view_.bar.minimum, each.low) << each.element;
+        EXPECT_EQ(view_.bar.maximum, each.high) << each.element;
+        EXPECT_EQ(view_.bar.position, each.position) << each.element;
+        EXPECT_EQ(TakeWrites(), Values{}) << each.element;
+        view_.MoveBar(each.moveTo);
+        EXPECT_EQ(TakeWrites(), each.written) << each.element;
+    }
+    Cell("PLL Div LSB") = {0xF8};
+    Select("Fine Tune");
+    EXPECT_EQ(view_.Message(), "The value 16 lies outside the range of Fine Tune.");
+}
+
+TEST_F(VexlonTest, AnUnknownRefreshIsAskedForAndAWideModeKeepsIt)
+{
+    StartVexlon(kMode1024);
+    const Values mode{{"PLL Div MSB", 0x9C}, {"PLL Div LSB", 0x00}, {"DE_CNT MSB", 7},
+                      {"DE_CNT LSB", 0x80},  {"DE_LIN MSB", 4},     {"DE_LIN LSB", 0x38}};
+    prompts_.ExpectMessage(kUse60Hz, Answer::No);
+    Choose("Resolution0_8");
+    EXPECT_EQ(TakeWrites(), mode);
+    EXPECT_EQ(view_.panels["Resolution"], "1920x1080");
+    prompts_.ExpectMessage(kUse60Hz, Answer::Yes);
+    Choose("Resolution0_8");
+    EXPECT_EQ(TakeWrites().back(), (std::pair<std::string, int>{"VCO/CPMP", 0xF0}));
+    EXPECT_EQ(view_.checked, (std::set<std::string>{"Resolution0_8", "Refresh0_1"}));
+    Choose("Refresh0_7");
+    EXPECT_EQ(view_.Message(), "Width of 1920 is out of range.");
+    EXPECT_EQ(TakeWrites(), Values{});
+    EXPECT_EQ(view_.panels["Refresh"], "60Hz");
+}
+
+TEST_F(VexlonTest, ResolutionAndRefreshAreUndoneOnce)
+{
+    StartVexlon(kMode1024);
+    EXPECT_EQ(view_.checked, std::set<std::string>{"Resolution0_2"});
+    Choose("Refresh0_5"); // 75 Hz
+    EXPECT_EQ(TakeWrites(), (Values{{"VCO/CPMP", 0x68}}));
+    EXPECT_EQ(view_.panels["Refresh"], "75Hz");
+    EXPECT_EQ(journal_.back(), "main: UpdateUI 0 ");
+    frame_.Undo();
+    EXPECT_EQ(TakeWrites(), (Values{{"VCO/CPMP", 0x60}}));
+    EXPECT_EQ(view_.panels["Refresh"], " ");
+    EXPECT_EQ(view_.Message(), "Undoing refresh.");
+    EXPECT_TRUE(view_.disabled.contains("Undo"));
+    frame_.Undo();
+    EXPECT_EQ(view_.Message(), "No refresh to undo.");
+    Choose("Refresh0_1");
+    Choose("Resolution0_0");
+    TakeWrites();
+    frame_.Undo();
+    EXPECT_EQ(TakeWrites(), (Values{{"PLL Div MSB", 0x53},
+                                    {"PLL Div LSB", 0x30},
+                                    {"DE_CNT MSB", 4},
+                                    {"DE_CNT LSB", 0},
+                                    {"DE_LIN MSB", 3},
+                                    {"DE_LIN LSB", 0},
+                                    {"VCO/CPMP", 0x60}}));
+    EXPECT_EQ(view_.Message(), "Undoing resolution.");
+    EXPECT_TRUE(view_.disabled.contains("Undo"));
+    frame_.Undo();
+    EXPECT_EQ(view_.Message(), "No resolution to undo.");
+}
+
+TEST_F(VexlonTest, AFailedPllWriteKeepsTheRefreshAndAnUnknownSizeWritesNothing)
+{
+    StartVexlon({{"DE_CNT MSB", 0xFF}});
+    EXPECT_EQ(view_.panels["Resolution"], "0x0");
+    Choose("Refresh0_1");
+    EXPECT_EQ(view_.Message(), "The PLL has no setting for 0x0 at 60Hz.");
+    EXPECT_EQ(TakeWrites(), Values{});
+    usb_->mute = {PlaceOf("VCO/CPMP")};
+    prompts_.ExpectMessage(kUse60Hz, Answer::Yes);
+    Choose("Resolution0_2");
+    EXPECT_EQ(errors_.entries.back().number, 201);
+    EXPECT_EQ(errors_.entries.back().description, "Failed to write VCO/CPMP");
+    EXPECT_EQ(view_.panels["Refresh"], "");
+    EXPECT_EQ(view_.panels["Resolution"], "1024x768");
+}
+
+TEST_F(VexlonTest, GainAnswersHoldForTheirChannelOnly)
+{
+    for (const auto& [name, value] : Values{{"Red Gain", 100}, {"Green Gain", 100}, {"Blue Gain", 250}}) {
+        document_->controller().InitDevice("Vexlon-Fx_Channel1");
+        Cell(name) = {static_cast<std::uint8_t>(value)};
+    }
+    Start("Vexlon-Fx_Channel1", "Vexlon-Fx");
+    Select("Contrast"); // 150 at 104
+    prompts_.ExpectMessage(kGainQuestion, Answer::No);
+    view_.MoveBar(94);
+    EXPECT_EQ(prompts_.messages.back().helpTopic, 524288);
+    EXPECT_EQ(prompts_.messages.back().title, "Continue setting Gain?");
+    view_.MoveBar(93);
+    EXPECT_EQ(TakeWrites(), Values{});
+    frame_.NodeClicked("Vexlon-Fx_Channel2");
+    prompts_.ExpectMessage(kGainQuestion, Answer::Yes);
+    view_.MoveBar(94);
+    EXPECT_EQ(TakeWrites(), (Values{{"Red Gain", 110}, {"Green Gain", 110}, {"Blue Gain", 254}}));
+}
+
+TEST_F(VexlonTest, CommandsStepTheirRegisters)
+{
+    StartVexlon({{"Hsync output pulsewidth", 247}, {"CTL_1_MODE", 0x0F}, {"PLL Div MSB", 254}, {"PLL Div LSB", 0xF0}});
+    Choose("ReSync");
+    EXPECT_EQ(TakeWrites(), (Values{{"CTL_1_MODE", 0x4F}, {"CTL_1_MODE", 0x0F}}));
+    prompts_.ExpectMessage("Increasing the HSync pulse width is only available when the Horizontal Position is the "
+                           "selected configuration element");
+    Choose("IncreaseHSyncPulseWidth");
+    Select("Horizontal Position");
+    Choose("IncreaseHSyncPulseWidth");
+    EXPECT_EQ(TakeWrites(), (Values{{"Hsync output pulsewidth", 255}}));
+    EXPECT_EQ(journal_.back(), "main: UpdateUI 1 Hsync output pulsewidth");
+    Choose("IncreaseHSyncPulseWidth");
+    EXPECT_EQ(view_.Message(), "Horizontal Pulse Width is already at its maximum");
+    prompts_.ExpectMessage(
+        "Decrement Fine Tune option only works when the Fine Tune configuration element is selected");
+    Choose("PLL_MSBDecrement");
+    Select("Fine Tune");
+    Choose("PLL_MSBIncrement");
+    EXPECT_EQ(TakeWrites(), (Values{{"PLL Div MSB", 255}, {"PLL Div LSB", 0x00}}));
+    prompts_.ExpectMessage("Fine Tune MSB Register cannot be incremented above 255");
+    Choose("PLL_MSBIncrement");
+    Choose("PLL_MSBDecrement");
+    EXPECT_EQ(TakeWrites(), (Values{{"PLL Div MSB", 254}, {"PLL Div LSB", 0xF0}}));
+}
+
+TEST_F(VexlonTest, AFileIsAppliedOnlyToAWritablePreset)
+{
+    StartVexlon({{"DE_TOP", 254}, {"Red Gain", 100}});
+    prompts_.ExpectSaveFile("/home/a.xml");
+    frame_.SaveAs();
+    refused_[PlaceOf("DE_TOP")] = {254};
+    prompts_.ExpectOpenFile("/home/a.xml");
+    prompts_.ExpectMessage("You must select one of the writable presets (0-2) on the rotary encoder to apply the file "
+                           "settings");
+    frame_.Open();
+    EXPECT_EQ(TakeWrites(), (Values{{"DE_TOP", 253}, {"DE_TOP", 254}}));
+    refused_.clear();
+    prompts_.ExpectOpenFile("/home/none.xml");
+    prompts_.ExpectMessage("Unable to open file /home/none.xml. See TarvexError.log for details");
+    frame_.Open();
+    EXPECT_EQ(Cell("DE_TOP"), Bytes{254});
+    Cell("Red Gain") = {1};
+    usb_->mute = {PlaceOf("Green Gain"), PlaceOf("Blue Gain")};
+    TakeWrites();
+    prompts_.ExpectOpenFile("/home/a.xml");
+    prompts_.ExpectMessage("error writing register to Vexlon");
+    frame_.Open();
+    EXPECT_EQ(TakeWrites().size(), 1U + static_cast<std::size_t>(document_->controller().GetI2CRegisterCount()));
+    EXPECT_EQ(Cell("Red Gain"), Bytes{100});
+    EXPECT_EQ(view_.Message(), "Opened file: /home/a.xml");
+    EXPECT_EQ(view_.progress.back(), "hide");
+}
+
+TEST_F(VexlonTest, AChannelThatDoesNotAnswerGivesWayToTheLastOne)
+{
+    Start("Vexlon-Fx_Channel1", "Vexlon-Fx");
+    EXPECT_EQ(view_.node, "Vexlon-Fx_Channel1");
+    prompts_.ExpectMessage("Please select a Leaf node in the tree.");
+    frame_.NodeClicked("Vexlon-Fx");
+    usb_->deadIds = {0x0A62};
+    prompts_.ExpectMessage("Unable to establish communication with Vexlon-Fx_Channel2");
+    prompts_.ExpectMessage("Unable to connect to Vexlon-Fx_Channel2. Restoring last good target.");
+    frame_.NodeClicked("Vexlon-Fx_Channel2");
+    EXPECT_EQ(document_->controller().deviceName(), "Vexlon-Fx_Channel1");
+    EXPECT_FALSE(view_.disabled.contains("File"));
+    frame_.NodeClicked("Vexlon-Fx_Channel3");
+    EXPECT_EQ(document_->controller().deviceName(), "Vexlon-Fx_Channel3");
+    usb_->deadIds = {0x0A62, 0x0A63};
+    prompts_.ExpectMessage("Unable to establish communication with Vexlon-Fx_Channel2");
+    prompts_.ExpectMessage("Unable to connect to Vexlon-Fx_Channel2. Restoring last good target.");
+    frame_.NodeClicked("Vexlon-Fx_Channel2");
+    EXPECT_EQ(view_.node, "Vexlon-Fx_Channel3");
+    EXPECT_EQ(errors_.entries.back().number, 201);
+    EXPECT_EQ(errors_.entries.back().source, "Vexlon_Wizard::TreeView1.NodeClick");
+    EXPECT_TRUE(view_.disabled.contains("File"));
+}
+
+TEST_F(VexlonTest, KestraNeedsAChannelBeforeAnElementCanBeAdjusted)
+{
+    Start("Kestra-Fx", "Kestra-Fx");
+    EXPECT_EQ(view_.Message(), "Please select a Leaf node in the tree.");
+    EXPECT_FALSE(view_.barEnabled);
+    prompts_.ExpectMessage("Please select a Leaf node in the tree.");
+    frame_.NodeClicked("Destination 1");
+    frame_.NodeClicked("Vexlon-Fx_Channel2");
+    EXPECT_EQ(view_.helpPicture, "/prog/Images/Fiber_Tx.jpg");
+    EXPECT_TRUE(view_.barEnabled);
+}
+
+TEST_F(VexlonTest, ReadingAllStopsAtARegisterThatDoesNotAnswer)
+{
+    document_->controller().InitDevice("Vexlon");
+    usb_->mute = {PlaceOf("Red Gain")};
+    prompts_.ExpectMessage("failure reading Red Gain from device USB-HID Device. Aborting read.");
+    Start("Vexlon", "Vexlon");
+    EXPECT_EQ(std::count(view_.progress.begin(), view_.progress.end(), "tick 1"), 2);
+}
+
+TEST_F(VexlonTest, ABoardThatComesAfterTheStartIsReadBeforeItsFirstElement)
+{
+    document_->controller().InitDevice("Vexlon");
+    Cell("Red Gain") = Cell("Green Gain") = Cell("Blue Gain") = {30};
+    usb_->connected = false;
+    usb_->deadIds = {0x0A51};
+    prompts_.ExpectMessage("Unable to establish communication with Vexlon");
+    Start("Vexlon", "Vexlon");
+    usb_->deadIds.clear();
+    Select("Contrast");
+    EXPECT_EQ(view_.bar.position, 254 - 30);
+}
+
+}
