@@ -61,9 +61,13 @@ protected:
     void StartVexlon(const Values& board)
     {
         document_->controller().InitDevice("Vexlon");
+        Fill(board);
+        Start("Vexlon", "Vexlon");
+    }
+    void Fill(const Values& board)
+    {
         for (const auto& [name, value] : board)
             Cell(name) = {static_cast<std::uint8_t>(value)};
-        Start("Vexlon", "Vexlon");
     }
     void Choose(const std::string& entry) { frame_.Attempt(entries_.at(entry)); }
     void Select(const std::string& element)
