@@ -1,0 +1,103 @@
+#include "ui/wizards/vexlon/Vexlon.h"
+
+#include "shell/IMainView.h"
+#include "ui/wizards/vexlon/VexlonElements.h"
+
+#include <utility>
+
+namespace tarvex {
+
+namespace {
+
+MenuEntry Entry(const char* name, const char* caption, std::function<void()> chosen)
+{
+    return {name, caption, std::move(chosen)};
+}
+
+MenuEntry Menu(const char* name, const char* caption, std::vector<MenuEntry> entries)
+{
+    MenuEntry menu{name, caption};
+    menu.entries = std::move(entries);
+    return menu;
+}
+
+template <class Items, class Chosen>
+std::vector<MenuEntry> CheckableEntries(const std::string& array, const Items& items, const Chosen& chosen)
+{
+    std::vector<MenuEntry> entries;
+    for (const char* item : items)
+        entries.push_back({array + "_" + std::to_string(entries.size()), item, [=] { chosen(item); }, true});
+    return entries;
+}
+
+}
+
+WizardDescription Vexlon::Describe()
+{
+    WizardDescription description;
+    description.windowName = "Vexlon_Wizard";
+    description.viewName = "Vexlon Wizard";
+    description.designCaption = "Vexlon - Display Adjustments";
+    description.realLink = "USB-HID Device";
+    description.panels = {"Resolution", "Refresh"};
+    description.elements = BuiltInVexlonElements();
+    description.options = {
+        ResolutionMenu(), RefreshMenu(), Entry("ReSync", "ReSync Monitor", [this] { commands_.ReSync(); }),
+        Menu("PulseWidth", "Horizontal Pulse Width",
+             {Entry("IncreaseHSyncPulseWidth", "Increase", [this] { commands_.StepPulseWidth(Step::Up); }),
+              Entry("DecreaseHSyncPulseWidth", "Decrease", [this] { commands_.StepPulseWidth(Step::Down); })}),
+        Menu("FineTuneScale", "Fine Tune Shift",
+             {Entry("PLL_MSBIncrement", "Increment", [this] { commands_.ShiftFineTune(Step::Up); }),
+              Entry("PLL_MSBDecrement", "Decrement", [this] { commands_.ShiftFineTune(Step::Down); })})};
+    return description;
+}
+
+MenuEntry Vexlon::ResolutionMenu()
+{
+    const auto choose = [this](const char* item) { mode_.ChooseResolution(item); };
+    return Menu("Resolution", "Set Resolution", CheckableEntries("Resolution0", kResolutionItems, choose));
+}
+
+MenuEntry Vexlon::RefreshMenu()
+{
+    const auto choose = [this](const char* item) { mode_.ChooseRefresh(item); };
+    return Menu("Refresh", "Set Refresh", CheckableEntries("Refresh0", kRefreshItems, choose));
+}
+
+bool Vexlon::UpdateUI(std::int32_t kind, const std::string& name)
+{
+    if (kind == kRegisterChanged && VexlonMode::IsPartOfResolution(name))
+        mode_.ReadBackResolution();
+    return true;
+}
+
+std::optional<NoTarget> Vexlon::MissingTarget()
+{
+    if (!target_.NeedsChannel())
+        return std::nullopt;
+    return NoTarget{"Please select a Leaf node in the tree.", ""};
+}
+
+std::int32_t Vexlon::ReadElement(const std::string& element)
+{
+    target_.CatchUp();
+    return values_.Read(element);
+}
+
+bool Vexlon::WriteElement(const std::string& element, std::int32_t value)
+{
+    return values_.Write(element, value, target_.Name());
+}
+
+std::string Vexlon::HelpPicture(const std::string& element)
+{
+    return HelpPictureOf(element, board_.Host().Controller().deviceName());
+}
+
+void Vexlon::FileOpened()
+{
+    mode_.ReadBackResolution();
+    mode_.ShowRefresh();
+}
+
+}

@@ -1,0 +1,188 @@
+#include "ui/wizards/vexlon/VexlonMode.h"
+
+#include "base/Error.h"
+#include "base/Numbers.h"
+#include "shell/IMainView.h"
+
+#include <algorithm>
+
+namespace tarvex {
+
+namespace {
+
+constexpr const char* kPll = "VCO/CPMP";
+constexpr const char* kResolutionPanel = "Resolution";
+constexpr const char* kRefreshPanel = "Refresh";
+constexpr std::int16_t kWidthLimit = 1601;
+constexpr std::int16_t kHeightLimit = 1201;
+constexpr std::int16_t kDefaultRefresh = 60;
+constexpr Resolution kNoResolution{0, 0};
+constexpr std::array<const char*, 4> kResolutionRegisters{"DE_CNT MSB", "DE_CNT LSB", "DE_LIN MSB", "DE_LIN LSB"};
+
+template <class Items>
+void CheckItem(IWizardFrameView& view, const char* array, const Items& items, const std::string& text)
+{
+    for (std::size_t i = 0; i < items.size(); ++i)
+        view.CheckEntry(array + std::string("_") + std::to_string(i), items[i] == text);
+}
+
+}
+
+bool VexlonMode::SetResolution(Resolution wanted)
+{
+    if (refresh_ != kUnknownRefresh && !PllByteOrSayWhy(wanted, refresh_))
+        return false;
+    if (!WriteResolution(wanted))
+        return false;
+    previousResolution_ = resolution_;
+    resolution_ = wanted;
+    ShowResolution();
+    board_.Host().OfferUndo(kUndoResolution);
+    if (refresh_ != kUnknownRefresh || board_.Host().Services().prompts.Ask("Use a default refresh rate of 60Hz?"))
+        ProgramPll();
+    return true;
+}
+
+bool VexlonMode::WriteResolution(Resolution wanted)
+{
+    const ResolutionPlan plan = PlanResolution(wanted);
+    if (plan.writes.empty())
+        return false;
+    const auto writes = [&] { board_.Write(plan.writes); };
+    return board_.Host().Write("Vexlon_Wizard::SetResolution", "Resolution", writes) && plan.complete;
+}
+
+void VexlonMode::ProgramPll()
+{
+    const std::int16_t refresh = refresh_ == kUnknownRefresh ? kDefaultRefresh : refresh_;
+    const auto byte = PllByteOrSayWhy(resolution_, refresh);
+    if (!byte || !WritePll("Vexlon_Wizard::SetResolution", *byte))
+        return;
+    refresh_ = refresh;
+    ShowRefresh();
+    board_.Host().TellOtherViews(kEverythingChanged, "");
+}
+
+void VexlonMode::ChooseRefresh(const std::string& text)
+{
+    constexpr const char* kSource = "Vexlon_Wizard::SetRefresh";
+    const std::int16_t refresh = ToInt16(ParseDecimal(text, kSource), kSource);
+    if (!IsInRange())
+        return;
+    const auto byte = PllByteOrSayWhy(resolution_, refresh);
+    const std::int32_t before = board_.Value(kPll);
+    if (!byte || !WritePll(kSource, *byte))
+        return;
+    previousPll_ = before;
+    refresh_ = refresh;
+    ShowRefresh();
+    board_.Host().OfferUndo(kUndoRefresh);
+    board_.Host().TellOtherViews(kEverythingChanged, "");
+}
+
+bool VexlonMode::IsInRange()
+{
+    if (resolution_.width >= kWidthLimit)
+        board_.Host().Say("Width of " + std::to_string(resolution_.width) + " is out of range.");
+    else if (resolution_.height >= kHeightLimit)
+        board_.Host().Say("Height of " + std::to_string(resolution_.height) + " is out of range.");
+    else
+        return true;
+    return false;
+}
+
+bool VexlonMode::WritePll(const char* source, std::int32_t value)
+{
+    return board_.Host().Write(source, kPll, [&] { board_.Write(kPll, value); });
+}
+
+std::optional<std::uint8_t> VexlonMode::PllByteOrSayWhy(Resolution resolution, std::int16_t refresh)
+{
+    try {
+        return VcoChargePumpByte(resolution, refresh);
+    } catch (const Error&) {
+        board_.Host().Services().errorLog.LogCurrentError();
+        board_.Host().Say("The PLL has no setting for " + ResolutionText(resolution) + " at " +
+                          std::to_string(refresh) + "Hz.");
+        return std::nullopt;
+    }
+}
+
+void VexlonMode::Undo(std::int32_t code)
+{
+    if (code == kUndoResolution)
+        UndoResolution();
+    else if (code == kUndoRefresh)
+        UndoRefresh();
+}
+
+void VexlonMode::ForgetChanges()
+{
+    previousResolution_ = kNoResolution;
+    previousPll_.reset();
+}
+
+void VexlonMode::UndoResolution()
+{
+    if (previousResolution_ == kNoResolution) {
+        board_.Host().Say("No resolution to undo.");
+        return;
+    }
+    if (!SetResolution(previousResolution_))
+        return;
+    previousResolution_ = kNoResolution;
+    board_.Host().Say("Undoing resolution.");
+}
+
+void VexlonMode::UndoRefresh()
+{
+    if (!previousPll_) {
+        board_.Host().Say("No refresh to undo.");
+        return;
+    }
+    if (!WritePll("Vexlon_Wizard::UndoRefresh", *previousPll_))
+        return;
+    previousPll_.reset();
+    refresh_ = kUnknownRefresh;
+    ShowRefresh();
+    board_.Host().Say("Undoing refresh.");
+    board_.Host().TellOtherViews(kEverythingChanged, "");
+}
+
+bool VexlonMode::IsPartOfResolution(const std::string& registerName)
+{
+    return std::find(kResolutionRegisters.begin(), kResolutionRegisters.end(), registerName) !=
+           kResolutionRegisters.end();
+}
+
+void VexlonMode::ReadBackResolution()
+{
+    const auto pair = [this](std::size_t upper) {
+        const std::int32_t value =
+            board_.Value(kResolutionRegisters[upper]) * 256 + board_.Value(kResolutionRegisters[upper + 1]);
+        return ToInt16(value, "Vexlon_Wizard::ReadBackResolution");
+    };
+    try {
+        resolution_ = {pair(0), pair(2)};
+    } catch (const Error&) { // a board with nonsense in it, or without these registers, can still be adjusted
+        board_.Host().Services().errorLog.LogCurrentError();
+        resolution_ = kNoResolution;
+    }
+    ShowResolution();
+}
+
+void VexlonMode::ShowResolution()
+{
+    const std::string text = ResolutionText(resolution_);
+    board_.Host().View().ShowPanel(kResolutionPanel, text);
+    CheckItem(board_.Host().View(), "Resolution0", kResolutionItems, text);
+}
+
+void VexlonMode::ShowRefresh()
+{
+    const std::string text = std::to_string(refresh_);
+    board_.Host().View().ShowPanel(kRefreshPanel, refresh_ == kUnknownRefresh ? " " : text + "Hz");
+    CheckItem(board_.Host().View(), "Refresh0", kRefreshItems, text);
+}
+
+}

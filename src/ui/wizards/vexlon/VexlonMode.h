@@ -1,0 +1,55 @@
+#pragma once
+
+#include "ui/wizards/vexlon/VexlonBoard.h"
+#include "ui/wizards/vexlon/VexlonTiming.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace tarvex {
+
+/// Codes that bring the undo of the frame back here.
+inline constexpr std::int32_t kUndoRefresh = -2;
+inline constexpr std::int32_t kUndoResolution = -3;
+
+/// The input mode of the board, its resolution and refresh rate: sets, shows and undoes them. The wizard's product owns
+/// it; each operation that sets something writes to the board.
+class VexlonMode {
+public:
+    explicit VexlonMode(VexlonBoard& board) : board_(board) {}
+
+    /// Programs the board for a resolution such as "1024x768"; asks for the refresh rate while that is unknown.
+    void ChooseResolution(const std::string& text) { SetResolution(ParseResolution(text)); }
+    /// Programs the PLL for a refresh rate such as "75".
+    void ChooseRefresh(const std::string& text);
+    /// Takes back the last change of a code.
+    void Undo(std::int32_t code);
+    /// Another board is the target: what was changed on the last one is not undone there.
+    void ForgetChanges();
+
+    /// Whether a register holds a part of the resolution.
+    static bool IsPartOfResolution(const std::string& registerName);
+    /// Takes the resolution from the registers as they stand, and shows it.
+    void ReadBackResolution();
+    void ShowRefresh();
+
+private:
+    bool SetResolution(Resolution wanted);
+    bool WriteResolution(Resolution wanted);
+    void ProgramPll();
+    bool IsInRange();
+    bool WritePll(const char* source, std::int32_t value);
+    std::optional<std::uint8_t> PllByteOrSayWhy(Resolution resolution, std::int16_t refresh);
+    void UndoResolution();
+    void UndoRefresh();
+    void ShowResolution();
+
+    VexlonBoard& board_;
+    Resolution resolution_;
+    std::int16_t refresh_ = kUnknownRefresh;
+    Resolution previousResolution_;           ///< 0x0 for none
+    std::optional<std::int32_t> previousPll_; ///< VCO and charge pump before the last change of the refresh rate
+};
+
+}
