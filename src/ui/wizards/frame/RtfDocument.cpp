@@ -22,8 +22,8 @@ double Brightness(const QColor& color) { return 0.30 * color.red() + 0.59 * colo
 /// Writes into a document at its end.
 class DocumentSink : public IRtfSink {
 public:
-    DocumentSink(QTextDocument& document, QColor background)
-        : cursor_(&document), pointSize_(document.defaultFont().pointSizeF()), background_(std::move(background))
+    DocumentSink(QTextDocument& document, const QColor& background)
+        : cursor_(&document), pointSize_(document.defaultFont().pointSizeF()), background_(background)
     {
         cursor_.beginEditBlock(); // else the document is laid out anew for each piece
     }

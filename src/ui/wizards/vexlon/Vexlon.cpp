@@ -25,6 +25,7 @@ template <class Items, class Chosen>
 std::vector<MenuEntry> CheckableEntries(const std::string& array, const Items& items, const Chosen& chosen)
 {
     std::vector<MenuEntry> entries;
+    entries.reserve(items.size());
     for (const char* item : items)
         entries.push_back({array + "_" + std::to_string(entries.size()), item, [=] { chosen(item); }, true});
     return entries;

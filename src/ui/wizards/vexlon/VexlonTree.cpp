@@ -14,6 +14,7 @@ constexpr std::array<const char*, 3> kChannelKeys{"Vexlon-Fx_Channel1", "Vexlon-
 std::vector<TreeNode> Channels(const std::string& captionStart)
 {
     std::vector<TreeNode> leaves;
+    leaves.reserve(kChannelKeys.size());
     for (const char* key : kChannelKeys)
         leaves.push_back({key, captionStart + std::to_string(leaves.size() + 1)});
     return leaves;
