@@ -3,6 +3,7 @@
 #include "comm/Errors.h"
 #include "comm/SerialZorbus.h"
 #include "comm/SerialZorbusTexts.h"
+#include "platform/BusyPointer.h"
 #include "platform/IUserPrompts.h"
 #include "platform/IWait.h"
 
@@ -15,18 +16,6 @@ namespace {
 
 constexpr std::chrono::seconds kSettleTime{1}; ///< before the network is searched, and between two attempts
 constexpr const char* kExtractZorbusId = "SerialZorbus::ExtractZorbusID";
-
-/// The hourglass pointer while the network is searched.
-class BusyPointer {
-public:
-    explicit BusyPointer(IUserPrompts& prompts) : prompts_(prompts) { prompts_.SetBusyPointer(true); }
-    ~BusyPointer() { prompts_.SetBusyPointer(false); }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-
-private:
-    IUserPrompts& prompts_;
-};
 
 }
 

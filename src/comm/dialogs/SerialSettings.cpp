@@ -2,6 +2,7 @@
 
 #include "base/Numbers.h"
 #include "comm/dialogs/SerialSettingsRules.h"
+#include "platform/BusyPointer.h"
 #include "platform/IUserPrompts.h"
 #include "ui/common/Guarded.h"
 #include "ui/common/WindowTools.h"
@@ -14,21 +15,6 @@
 #include <QPushButton>
 
 namespace tarvex {
-
-namespace {
-
-class BusyPointer {
-public:
-    explicit BusyPointer(IUserPrompts& prompts) : prompts_(prompts) { prompts_.SetBusyPointer(true); }
-    ~BusyPointer() { prompts_.SetBusyPointer(false); }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-
-private:
-    IUserPrompts& prompts_;
-};
-
-}
 
 SerialSettings::SerialSettings(IUserPrompts& prompts, QWidget* parent)
     : QDialog(parent), prompts_(prompts), CMB_Port(MakeList("CMB_Port", QStringLiteral("COM port"))),
