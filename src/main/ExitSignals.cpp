@@ -3,6 +3,10 @@
 #include "base/ExitRequest.h"
 #include "ui/common/Guarded.h"
 
+#include <QApplication>
+#include <QDialog>
+
+#include <chrono>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
@@ -12,6 +16,15 @@ namespace tarvex {
 namespace {
 
 std::array<int, 2> g_pipe{-1, -1}; // a signal handler can reach nothing else
+
+constexpr std::chrono::milliseconds kCancelPause{50};
+
+/// Work that waits for an answer would keep the program from ending.
+void CancelQuestion(const BusyState& busy)
+{
+    if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()); dialog != nullptr && busy.IsBusy())
+        dialog->reject();
+}
 
 void HandleSignal(int)
 {
@@ -29,7 +42,9 @@ ExitSignals::ExitSignals(BusyState& busy)
     QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this, &busy] {
         notifier_->setEnabled(false);
         Guarded([&] { busy.WhenIdle("ExitSignal", [] { ExitApplication(0); }); });
+        cancelling_.start(kCancelPause);
     });
+    QObject::connect(&cancelling_, &QTimer::timeout, &cancelling_, [&busy] { CancelQuestion(busy); });
     std::signal(SIGTERM, HandleSignal);
     std::signal(SIGINT, HandleSignal);
 }

@@ -3,6 +3,7 @@
 #include "ui/common/BusyState.h"
 
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <array>
 #include <memory>
@@ -10,7 +11,8 @@
 namespace tarvex {
 
 /// Turns SIGTERM and SIGINT into a request to end the program with code 0, so that preferences are saved and working
-/// copies deleted. While a sequence of transfers runs the request waits for its end.
+/// copies deleted. While a sequence of transfers runs the request waits for its end, and a
+/// question that the sequence asks counts as cancelled.
 class ExitSignals {
 public:
     explicit ExitSignals(BusyState& busy);
@@ -20,6 +22,7 @@ public:
 
 private:
     std::unique_ptr<QSocketNotifier> notifier_;
+    QTimer cancelling_;
 };
 
 }

@@ -13,9 +13,9 @@ void ErrorLog::LogError(std::string_view description, std::int32_t number, std::
         const auto stream = files_.OpenText(path_, OpenMode::Append);
         if (!stream)
             return;
-        stream->WriteLine("");
-        stream->WriteLine(std::to_string(number) + " raised from " + std::string(source));
-        stream->WriteLine(description);
+        // One write, so that the entries of two programs do not mix.
+        stream->WriteLine("\n" + std::to_string(number) + " raised from " + std::string(source) + "\n" +
+                          std::string(description));
     } catch (...) {
         // A log that cannot be written must not stop the program.
     }

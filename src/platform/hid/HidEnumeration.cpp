@@ -1,48 +1,56 @@
 #include "platform/hid/HidEnumeration.h"
 
-#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <hidapi.h>
-#include <string_view>
 
 namespace tarvex {
 
 namespace {
 
-/// Not by the library's conversion: that one depends on the locale.
-std::string Utf8(std::wstring_view text)
+using Folder = std::filesystem::path;
+
+/// What the system says of a device; empty when the device has none or is gone meanwhile.
+std::string Attribute(const Folder& device, const char* name)
 {
-    std::string result;
-    for (const wchar_t letter : text) {
-        const auto code = static_cast<char32_t>(letter);
-        const int following = code < 0x80 ? 0 : code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
-        constexpr std::uint8_t kFirst[] = {0, 0xC0, 0xE0, 0xF0};
-        result += static_cast<char>(kFirst[following] | (code >> (6 * following)));
-        for (int index = following - 1; index >= 0; --index)
-            result += static_cast<char>(0x80 | ((code >> (6 * index)) & 0x3F));
-    }
-    return result;
+    std::ifstream file(device / name);
+    std::string text;
+    std::getline(file, text);
+    return text;
 }
 
-HidInterface InterfaceOf(const hid_device_info& info)
+std::uint16_t HexAttribute(const Folder& device, const char* name)
 {
-    return {info.path,
-            {info.vendor_id, info.product_id, info.release_number},
-            Utf8(info.product_string ? info.product_string : L"")};
+    return static_cast<std::uint16_t>(std::strtoul(Attribute(device, name).c_str(), nullptr, 16));
+}
+
+/// The USB device to which a HID device belongs; empty when it is none, or gone meanwhile.
+Folder UsbDeviceOf(const Folder& hidDevice)
+{
+    std::error_code gone;
+    for (Folder each = canonical(hidDevice, gone); !gone && each.has_relative_path(); each = each.parent_path())
+        if (exists(each / "idVendor", gone))
+            return each;
+    return {};
 }
 
 }
 
+// By the system's own files and not by the HID library: its enumeration crashes when a device goes while it runs.
 std::optional<std::vector<HidInterface>> PresentHidInterfaces()
 {
     if (hid_init() != 0)
         return {};
     std::vector<HidInterface> found;
-    const std::unique_ptr<hid_device_info, decltype(&hid_free_enumeration)> list(hid_enumerate(0, 0),
-                                                                                 hid_free_enumeration);
-    for (const auto* info = list.get(); info; info = info->next) {
-        const auto sameNode = [info](const HidInterface& other) { return other.path == info->path; };
-        if (info->path && std::none_of(found.begin(), found.end(), sameNode)) // it comes once for each of its uses
-            found.push_back(InterfaceOf(*info));
+    std::error_code none; // a computer without any HID device
+    for (const auto& node : std::filesystem::directory_iterator("/sys/class/hidraw", none)) {
+        const Folder device = UsbDeviceOf(node.path() / "device");
+        if (!device.empty())
+            found.push_back({"/dev/" + node.path().filename().string(),
+                             {HexAttribute(device, "idVendor"), HexAttribute(device, "idProduct"),
+                              HexAttribute(device, "bcdDevice")},
+                             Attribute(device, "product")});
     }
     return found;
 }

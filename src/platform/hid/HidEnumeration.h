@@ -4,8 +4,7 @@
 
 namespace tarvex {
 
-/// The HID interfaces that are present now, each node once; none when the HID library cannot be used. Takes up to 40
-/// ms.
+/// The HID interfaces of USB devices that are present now, each node once; none when the HID library cannot be used.
 std::optional<std::vector<HidInterface>> PresentHidInterfaces();
 
 }

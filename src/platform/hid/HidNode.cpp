@@ -86,7 +86,6 @@ int HidNode::Complete()
     return IsPresent() ? 0 : ENODEV;
 }
 
-/// The library knows the attributes and strings only by its enumeration.
 void HidNode::Identify()
 {
     const auto present = PresentHidInterfaces();

@@ -7,6 +7,7 @@
 #include <QAbstractSlider>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QSignalBlocker>
 #include <QTimer>
 
 namespace tarvex {
@@ -59,6 +60,20 @@ bool SwallowRelease(QObject* watched)
     return qobject_cast<QAbstractSlider*>(watched) == nullptr;
 }
 
+/// A button that was pressed by its letter just before clicks by a timer: it is let up without a click. False for any
+/// other event, and for a button of the window that has the input.
+bool DropClickOfTimer(QObject* watched, QEvent* event)
+{
+    auto* button = event->type() == QEvent::Timer ? qobject_cast<QAbstractButton*>(watched) : nullptr;
+    if (button == nullptr || button->window() == QApplication::activeModalWidget())
+        return false;
+    const QSignalBlocker silence(button);
+    const bool checked = button->isChecked();
+    watched->event(event); // the button has to stop its timer itself
+    button->setChecked(checked);
+    return true;
+}
+
 }
 
 void InputGate::LetThrough(QWidget& modalWindow) { modalWindow.setProperty(kLetThrough, true); }
@@ -83,6 +98,8 @@ bool InputGate::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Close)
         return KeepBackClose(watched, event);
+    if (DropClickOfTimer(watched, event))
+        return true;
     if (!IsUserInput(event->type()) || AnswerIsAwaited())
         return false;
     if (event->type() == QEvent::MouseButtonRelease)

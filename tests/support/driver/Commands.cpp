@@ -1,5 +1,7 @@
 #include "support/driver/Commands.h"
 
+#include "support/driver/RandomInput.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QKeySequence>
@@ -102,6 +104,7 @@ const std::map<std::string, Input>& Inputs()
         {"key", SendKey},
         {"type", TypeText},
         {"close", [](const std::string& name) { Find(name).window()->windowHandle()->close(); }},
+        {"random", RandomInput},
     };
     return inputs;
 }

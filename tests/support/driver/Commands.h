@@ -15,6 +15,7 @@ using Fields = std::vector<std::string>;
 //   key KEY      a key or combination, such as Ctrl+R, to the modal window or the only one
 //   type TEXT    one key for each character, to the same window
 //   close NAME   the close button of a window's frame
+//   random N     an input of a user who presses anything, chosen by a number
 //   wait shown NAME, wait text NAME PART
 //   wait idle    until the hourglass is gone
 //   beat         by how many milliseconds the event loop was late, at worst, since the last time
