@@ -66,13 +66,11 @@ protected:
     {
         if (!std::filesystem::exists(folder.File("TarvexError.log")))
             return;
+        static const std::regex entry("\n\n(.*)\n(.*)");
         static const std::regex heading("-?[1-9][0-9]* raised from .+");
-        std::istringstream log(folder.Read("TarvexError.log"));
-        for (std::string line; std::getline(log, line);) {
-            if (line.empty() && std::getline(log, line)) {
-                EXPECT_TRUE(std::regex_match(line, heading)) << line;
-            }
-        }
+        const std::string log = "\n" + folder.Read("TarvexError.log");
+        for (std::sregex_iterator each(log.begin(), log.end(), entry), none; each != none; ++each)
+            EXPECT_TRUE(std::regex_match(each->str(1), heading)) << each->str(1) << ": " << each->str(2);
     }
 };
 

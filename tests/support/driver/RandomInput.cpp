@@ -72,6 +72,8 @@ void ClickOrDrag(Random& random, QWidget& window)
 
 void Choose(Random& random, const QWidget& window)
 {
+    if (QApplication::overrideCursor()) // no menu opens while transfers run
+        return;
     QList<QAction*> actions = window.findChildren<QAction*>();
     actions.removeIf([](const QAction* each) {
         return each->menu() || !each->isEnabled() || !each->isVisible() || each->isSeparator() ||
