@@ -1,4 +1,3 @@
-#include "base/Text.h"
 #include "comm/SerialZorbus.h"
 #include "platform/files/PosixFileSystem.h"
 #include "platform/zorbus/SimulatedNorvaneSystem.h"
