@@ -50,7 +50,6 @@ TEST_F(UsbBoardTest, ABoardThatDoesNotAnswerIsNotRead)
 TEST_F(UsbBoardTest, AMissingRightIsSaidUnderTheBoxsOwnText)
 {
     Plug().openError = EACCES;
-    state_.programFolder = "/prog";
     HIDDevice same(hid_, packetLog_, prompts_);
     same.connect(0x0A51, 0x12C5);
     const std::string hint = same.OpenRefusedHint("/prog");
