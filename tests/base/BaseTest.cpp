@@ -4,10 +4,6 @@
 #include "support/ExitCode.h"
 #include "support/ExpectError.h"
 
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
-
 namespace tarvex {
 namespace {
 
@@ -87,18 +83,16 @@ TEST(Numbers, HalvesAreRoundedToTheEvenNumber)
 
 TEST(Numbers, TextIsANumberAsAWholeOrNotAtAll)
 {
-    const struct {
-        const char* text;
-        std::optional<std::int32_t> hex;
-        std::optional<std::int32_t> decimal;
-    } cases[] = {{"7f", 127, {}},       {"FFFFFFFF", -1, {}}, {"00000012", 18, 12}, {"000000012", {}, 12},
-                 {"", {}, {}},          {"-7", {}, -7},       {"+7", {}, 7},        {"+", {}, {}},
-                 {"-+1", {}, {}},       {"0x1", {}, {}},      {"&H1", {}, {}},      {" 1", {}, {}},
-                 {"1 ", {}, {}},        {"1.5", {}, {}},      {"G", {}, {}},        {"80000000", INT32_MIN, 80000000},
-                 {"2147483648", {}, {}}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(TryParseHex(c.text), c.hex) << c.text;
-        EXPECT_EQ(TryParseDecimal(c.text), c.decimal) << c.text;
+    using Number = std::optional<std::int32_t>;
+    const std::tuple<const char*, Number, Number> cases[] = {
+        {"7f", 127, {}},       {"FFFFFFFF", -1, {}}, {"00000012", 18, 12}, {"000000012", {}, 12},
+        {"", {}, {}},          {"-7", {}, -7},       {"+7", {}, 7},        {"+", {}, {}},
+        {"-+1", {}, {}},       {"0x1", {}, {}},      {"&H1", {}, {}},      {" 1", {}, {}},
+        {"1 ", {}, {}},        {"1.5", {}, {}},      {"G", {}, {}},        {"80000000", INT32_MIN, 80000000},
+        {"2147483648", {}, {}}};
+    for (const auto& [text, hex, decimal] : cases) {
+        EXPECT_EQ(TryParseHex(text), hex) << text;
+        EXPECT_EQ(TryParseDecimal(text), decimal) << text;
     }
     ExpectError([] { ParseHex("12x", "S"); }, kErrTypeMismatch, "S", "Type mismatch");
     ExpectError([] { ParseDecimal("ten", "S"); }, kErrTypeMismatch, "S", "Type mismatch");

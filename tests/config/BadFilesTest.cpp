@@ -78,14 +78,6 @@ TEST_F(ControllerTest, MeetsBadFilesWithAnErrorAndLeavesTheRunningMap)
 constexpr std::int32_t kInvalid = ObjectError(6);
 constexpr const char* kOpenSource = "TarvexController::InitDeviceFromFile";
 
-struct BadDataFile {
-    std::string InitFileBuilder::*place;
-    std::string text;
-    std::int32_t number;
-    const char* source;
-    std::string description;
-};
-
 InitFileBuilder DataFile()
 {
     InitFileBuilder file;
@@ -116,33 +108,30 @@ TEST_F(DataFileTest, BringsItsValuesMarkedChanged)
     ASSERT_TRUE(Open(DataFile().Text()));
     EXPECT_EQ(raised, (std::vector<std::string>{"Board", kDataPath}));
     EXPECT_EQ(controller.GetI2CRegister(0)->value(), 0xA);
-    EXPECT_TRUE(controller.GetI2CRegister(0)->IsDirty());
-    EXPECT_TRUE(controller.GetI2CRegister(1)->IsDirty());
+    EXPECT_TRUE(controller.GetI2CRegister(0)->IsDirty() && controller.GetI2CRegister(1)->IsDirty());
 }
 
 TEST_F(DataFileTest, IsRefusedWithAnEntryInTheLog)
 {
-    const BadDataFile kCases[] = {
-        {&InitFileBuilder::root, "SignalTarvex", kInvalid, kOpenSource,
+    const BadFile kCases[] = {
+        {"Root", &File::root, "SignalTarvex", kInvalid, kOpenSource,
          "File /home/user/mine.xml is not a data file.  Must have root tag of TarvexData"},
-        {&InitFileBuilder::version, "2.3.9", kInvalid, kOpenSource, "File version does not meet minimum of 2.4.0"},
-        {&InitFileBuilder::component, "family", ObjectError(0xD), kOpenSource,
+        {"Old", &File::version, "2.3.9", kInvalid, kOpenSource, "File version does not meet minimum of 2.4.0"},
+        {"Component", &File::component, "family", ObjectError(0xD), kOpenSource,
          "Cannot locate product family in init file /tmp/Tarvex.xml"},
-        {&InitFileBuilder::registers, RegisterXml("Gain", "20", Xml("Default", "80")), kSyntax,
+        {"NoValue", &File::registers, RegisterXml("Gain", "20", Xml("Default", "80")), kSyntax,
          "TarvexController::ReadI2CREgisters", "Invalid XML Syntax for Data file.  No Value found for register"},
-        {&InitFileBuilder::registers, RegisterXml("Gain", "20", Xml("Value", "")), kSyntax,
-         "TarvexController::ReadI2CRegisters", "Invalid syntax in initialization file /tmp/Tarvex.xml"},
-        {&InitFileBuilder::registers, RegisterXml("Gain", "20", Xml("Value", "100")), 10, "RegisterObject::LetValue",
-         "Value 256 out of range for register with 8 bits"},
+        {"ValueEmpty", &File::registers, RegisterXml("Gain", "20", Xml("Value", ""))},
+        {"ValueTooLarge", &File::registers, RegisterXml("Gain", "20", Xml("Value", "100")), 10,
+         "RegisterObject::LetValue", "Value 256 out of range for register with 8 bits"},
     };
     UseBoard();
-    for (const BadDataFile& bad : kCases) {
+    for (const BadFile& bad : kCases) {
+        SCOPED_TRACE(bad.what);
         InitFileBuilder file = DataFile();
         file.*bad.place = bad.text;
         EXPECT_FALSE(Open(file.Text()));
-        EXPECT_EQ(log.entries.back().number, bad.number);
-        EXPECT_EQ(log.entries.back().source, bad.source);
-        EXPECT_EQ(log.entries.back().description, bad.description);
+        EXPECT_EQ(log.entries.back(), (FakeErrorLog::Entry{bad.description, bad.number, bad.source}));
         ExpectBoardUntouched();
     }
     EXPECT_FALSE(Open("noise"));

@@ -139,39 +139,28 @@ TEST_F(DataFileWritingTest, KeepsEnclosuresOfMixedBoards)
     EXPECT_TRUE(file.WriteEnclosureData(enclosure, controller, board, nullptr));
     file.Commit(kDataPath);
     EXPECT_EQ(controller.GetI2CRegister(0)->value(), 0x77) << "edits stay";
-    const auto sent = board.transfers.at(1);
     EXPECT_EQ(board.transfers.size(), 8U) << "one register of four connectors, twice";
-    EXPECT_EQ(sent.aspi, 8) << "of the second connector";
+    EXPECT_EQ(board.transfers.at(1).aspi, 8) << "of the second connector";
 
     TarvexData read(state, disk);
     ASSERT_TRUE(read.InitToRead(kDataPath));
     const auto all = read.GetAllEnclosures(log);
     ASSERT_EQ(all.size(), 1U);
-    EXPECT_EQ(all[0]->Name(), "Rack\nC");
-    EXPECT_EQ(all[0]->Description(), "Hall \"A\"");
+    EXPECT_EQ(all[0]->Name() + all[0]->Description() + all[0]->ProductQualifier(), "Rack\nCHall \"A\"3");
     EXPECT_EQ(all[0]->ZorbusAddress(), 0x1A2D);
     EXPECT_EQ(all[0]->EnclosureType(), 1);
-    EXPECT_EQ(all[0]->ProductQualifier(), "3");
     EXPECT_EQ(read.GetSlotPops(0x1A2D), (std::vector<std::int32_t>{0xC4A0, 0xC020}));
     ExpectError([&] { read.GetSlotPops(0xAB); }, 1002, "TarvexData::GetSlotPops",
                 "Cannot find enclosure 0xAB in /home/user/mine.xml");
-    const struct {
-        const char* product;
-        std::int16_t channel;
-        ChannelDirection direction;
-        const char* name;
-        std::int32_t value;
-    } kCases[] = {{"Cendra", 4, ChannelDirection::Source, "Red_Skew", 0x10B},
-                  {"Cendra", 4, ChannelDirection::Both, "Red_Skew", -1},
-                  {"Cendra", 5, ChannelDirection::Source, "Red_Skew", -1},
-                  {"Cendra", 4, ChannelDirection::Destination, "Red_Skew", -1},
-                  {"Cendra", 4, ChannelDirection::Source, "Board", -1},
-                  {"Ossary", 17, ChannelDirection::Source, "Red_Skew", -1}};
-    for (const auto& each : kCases) {
+    using enum ChannelDirection;
+    const std::tuple<const char*, std::int16_t, ChannelDirection, const char*, std::int32_t> kCases[] = {
+        {"Cendra", 4, Source, "Red_Skew", 0x10B}, {"Cendra", 4, Both, "Red_Skew", -1},
+        {"Cendra", 5, Source, "Red_Skew", -1},    {"Cendra", 4, Destination, "Red_Skew", -1},
+        {"Cendra", 4, Source, "Board", -1},       {"Ossary", 17, Source, "Red_Skew", -1}};
+    for (const auto& [product, channel, direction, name, expected] : kCases) {
         std::int32_t value = -1;
-        EXPECT_EQ(read.ReadChannelRegisterValue(*all[0], each.product, each.channel, each.direction, each.name, value),
-                  each.value >= 0);
-        EXPECT_EQ(value, each.value);
+        EXPECT_EQ(read.ReadChannelRegisterValue(*all[0], product, channel, direction, name, value), expected >= 0);
+        EXPECT_EQ(value, expected);
     }
 }
 

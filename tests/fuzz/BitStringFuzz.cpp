@@ -1,16 +1,13 @@
-#include "Require.h"
+#include "Fuzz.h"
 
 #include "base/Error.h"
 #include "model/BitConversions.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace tarvex {
 
-namespace {
-
-void CheckListForm(std::string_view text)
+void Check(std::string_view text)
 {
     const bool isClean = text.find_first_not_of("0123456789,:") == std::string_view::npos;
     Bits bits;
@@ -28,12 +25,4 @@ void CheckListForm(std::string_view text)
     }
 }
 
-}
-
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
-{
-    tarvex::CheckListForm({reinterpret_cast<const char*>(data), size});
-    return 0;
 }

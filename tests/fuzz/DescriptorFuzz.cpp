@@ -1,13 +1,12 @@
-#include "Require.h"
+#include "Fuzz.h"
 
 #include "platform/hid/ReportDescriptor.h"
 
 namespace tarvex {
 
-namespace {
-
-void CheckDescriptor(const Bytes& descriptor)
+void Check(std::string_view input)
 {
+    const Bytes descriptor(input.begin(), input.end());
     const ReportLayout layout = ReadReportDescriptor(descriptor);
     Require(layout.lengths.input != 1 && layout.lengths.output != 1, "a report holds more than its id");
 
@@ -18,12 +17,4 @@ void CheckDescriptor(const Bytes& descriptor)
             "what follows never makes a report shorter");
 }
 
-}
-
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
-{
-    tarvex::CheckDescriptor(tarvex::Bytes(data, data + size));
-    return 0;
 }

@@ -1,6 +1,5 @@
-#include "Require.h"
+#include "Fuzz.h"
 
-#include "base/Error.h"
 #include "comm/DemoDevice.h"
 #include "config/TarvexController.h"
 #include "config/TarvexData.h"
@@ -10,9 +9,6 @@
 #include "support/FakeErrorLog.h"
 #include "support/FakeFileSystem.h"
 #include "support/FakeProgress.h"
-
-#include <string>
-#include <string_view>
 
 namespace tarvex {
 
@@ -101,10 +97,6 @@ private:
 
 }
 
-}
+void Check(std::string_view text) { Reading(text).Run(); }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
-{
-    tarvex::Reading({reinterpret_cast<const char*>(data), size}).Run();
-    return 0;
 }

@@ -1,10 +1,7 @@
-#include "Require.h"
+#include "Fuzz.h"
 
 #include "base/Numbers.h"
 #include "base/Version.h"
-
-#include <string>
-#include <string_view>
 
 namespace tarvex {
 
@@ -43,12 +40,10 @@ void CheckVersions(std::string_view text)
 
 }
 
+void Check(std::string_view text)
+{
+    CheckNumbers(text);
+    CheckVersions(text);
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
-{
-    const std::string_view text(reinterpret_cast<const char*>(data), size);
-    tarvex::CheckNumbers(text);
-    tarvex::CheckVersions(text);
-    return 0;
 }

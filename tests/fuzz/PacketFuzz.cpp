@@ -1,6 +1,5 @@
-#include "Require.h"
+#include "Fuzz.h"
 
-#include "base/Error.h"
 #include "comm/HIDDevice.h"
 #include "shell/PacketLog.h"
 #include "support/ClosedPrompts.h"
@@ -36,7 +35,8 @@ void CheckReading(Bytes input)
     services.boards[0]->tamper = [&](std::deque<Bytes>& reports) {
         reports.resize(input[3] % 2); // its own answer comes first, or not at all
         for (auto at = input.begin() + 4; at != input.end();) {
-            const auto length = std::min<std::ptrdiff_t>(*at++, input.end() - at);
+            const std::ptrdiff_t wanted = *at++;
+            const auto length = std::min(wanted, input.end() - at);
             reports.emplace_back(at, at + length);
             at += length;
         }
@@ -61,13 +61,12 @@ void CheckReading(Bytes input)
 
 }
 
+void Check(std::string_view input)
+{
+    const Bytes bytes(input.begin(), input.end());
+    CheckPacket(bytes, static_cast<std::int16_t>(bytes.size()));
+    CheckPacket(bytes, static_cast<std::int16_t>(bytes.empty() ? 0 : bytes[0]));
+    CheckReading(bytes);
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
-{
-    const tarvex::Bytes bytes(data, data + size);
-    tarvex::CheckPacket(bytes, static_cast<std::int16_t>(size));
-    tarvex::CheckPacket(bytes, static_cast<std::int16_t>(size == 0 ? 0 : bytes[0]));
-    tarvex::CheckReading(bytes);
-    return 0;
 }

@@ -1,10 +1,7 @@
-#include "Require.h"
+#include "Fuzz.h"
 
 #include "platform/xml/XmlDocument.h"
 #include "platform/xml/XmlGuard.h"
-
-#include <string>
-#include <string_view>
 
 namespace tarvex {
 
@@ -36,7 +33,7 @@ XmlDocument Reload(const XmlDocument& document)
     return again;
 }
 
-void Check(std::string_view text)
+void CheckLoading(std::string_view text)
 {
     XmlDocument document;
     if (!document.LoadText(text)) {
@@ -68,12 +65,10 @@ void CheckStoring(std::string_view text)
 
 }
 
+void Check(std::string_view text)
+{
+    CheckLoading(text);
+    CheckStoring(text);
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
-{
-    const std::string_view text(reinterpret_cast<const char*>(data), size);
-    tarvex::Check(text);
-    tarvex::CheckStoring(text);
-    return 0;
 }

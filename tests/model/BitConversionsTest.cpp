@@ -2,9 +2,6 @@
 
 #include "support/ExpectError.h"
 
-#include <string>
-#include <vector>
-
 namespace tarvex {
 namespace {
 
@@ -19,24 +16,20 @@ std::vector<int> TrueAt(const Bits& bits)
 
 TEST(BitConversions, ParsesEveryFormOfABitString)
 {
-    const struct {
-        const char* text;
-        int count;
-        std::vector<int> positions;
-        std::size_t size;
-    } cases[] = {{"", 0, {}, 8},
-                 {"1,4:7", 5, {1, 4, 5, 6, 7}, 8},
-                 {"4:2,4", 2, {4}, 8},
-                 {"10", 2, {0, 1}, 8},
-                 {"5,:1", 3, {0, 1, 5}, 8},
-                 {"1:2:3", 6, {0, 1, 2, 3}, 8},
-                 {"0:9", 10, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, 15},
-                 {"0:7,0:7", 16, {0, 1, 2, 3, 4, 5, 6, 7}, 29}};
-    for (const auto& c : cases) {
+    const std::tuple<const char*, int, std::vector<int>, std::size_t> cases[] = {
+        {"", 0, {}, 8},
+        {"1,4:7", 5, {1, 4, 5, 6, 7}, 8},
+        {"4:2,4", 2, {4}, 8},
+        {"10", 2, {0, 1}, 8},
+        {"5,:1", 3, {0, 1, 5}, 8},
+        {"1:2:3", 6, {0, 1, 2, 3}, 8},
+        {"0:9", 10, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, 15},
+        {"0:7,0:7", 16, {0, 1, 2, 3, 4, 5, 6, 7}, 29}};
+    for (const auto& [text, count, positions, size] : cases) {
         Bits bits(40, true);
-        EXPECT_EQ(ParseBitString(c.text, bits), c.count) << c.text;
-        EXPECT_EQ(TrueAt(bits), c.positions) << c.text;
-        EXPECT_EQ(bits.size(), c.size) << c.text;
+        EXPECT_EQ(ParseBitString(text, bits), count) << text;
+        EXPECT_EQ(TrueAt(bits), positions) << text;
+        EXPECT_EQ(bits.size(), size) << text;
     }
 }
 
@@ -69,15 +62,12 @@ TEST(BitConversions, LongsTravelWithTheLeastSignificantByteFirst)
     EXPECT_EQ(BytesToLong({0x34, 0x12}, 1), 0x34);
     EXPECT_EQ(BytesToLong(Bytes(4, 0xFF), 4), -1);
     EXPECT_EQ(IntToBytes(0x1234), (Bytes{0x34, 0x12}));
-    const struct {
-        std::int32_t value;
-        int count;
-        Bytes bytes;
-    } cases[] = {{0, 1, {0, 0, 0, 0}}, {65536, 3, {0, 0, 1, 0}}, {INT32_MAX, 4, {0xFF, 0xFF, 0xFF, 0x7F}}};
-    for (const auto& c : cases) {
+    const std::tuple<std::int32_t, int, Bytes> cases[] = {
+        {0, 1, {0, 0, 0, 0}}, {65536, 3, {0, 0, 1, 0}}, {INT32_MAX, 4, {0xFF, 0xFF, 0xFF, 0x7F}}};
+    for (const auto& [value, count, expected] : cases) {
         Bytes bytes(7, 0xEE);
-        EXPECT_EQ(LongToBytes(c.value, bytes), c.count) << c.value;
-        EXPECT_EQ(bytes, c.bytes) << c.value;
+        EXPECT_EQ(LongToBytes(value, bytes), count) << value;
+        EXPECT_EQ(bytes, expected) << value;
     }
 }
 

@@ -2,10 +2,6 @@
 #include "support/ExpectError.h"
 #include "support/FakeDevice.h"
 
-#include <memory>
-#include <string>
-#include <vector>
-
 namespace tarvex {
 namespace {
 

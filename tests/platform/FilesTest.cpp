@@ -57,14 +57,6 @@ TEST_F(PosixFileSystemTest, MakesWorkingCopiesOfItsOwnOnly)
     EXPECT_EQ(folder.Read("target"), "text");
 }
 
-TEST_F(PosixFileSystemTest, RemovesAWorkingCopyThatDoesNotFit)
-{
-    const std::string source = folder.Write("source", std::string(100000, 'x'));
-    const FileSizeLimit limit(65536);
-    ExpectError([&] { files.CopyToWorkingFile(source, folder.File("target")); }, ObjectError(1));
-    EXPECT_EQ(files.ListFolder(folder.path), std::vector<std::string>{"source"});
-}
-
 TEST_F(PosixFileSystemTest, KnowsWhichProcessesLive)
 {
     const pid_t child = fork();
@@ -75,17 +67,12 @@ TEST_F(PosixFileSystemTest, KnowsWhichProcessesLive)
     EXPECT_FALSE(files.ProcessLives(child) || files.ProcessLives(0) || files.ProcessLives(1LL << 40));
 }
 
-namespace fs = std::filesystem;
-
-class ReplaceFileTest : public testing::Test {
+class ReplaceFileTest : public PosixFileSystemTest {
 protected:
     void Refuse(const std::string& name, std::int32_t number)
     {
         ExpectError([&] { files.ReplaceFile(folder.File(name), "new"); }, number, "PosixFileSystem::ReplaceFile");
     }
-
-    TemporaryFolder folder;
-    PosixFileSystem files;
 };
 
 TEST_F(ReplaceFileTest, ReplacesTheContentAndKeepsTheMode)
@@ -94,7 +81,7 @@ TEST_F(ReplaceFileTest, ReplacesTheContentAndKeepsTheMode)
     fs::permissions(path, static_cast<fs::perms>(0640));
     files.ReplaceFile(path, std::string(3000000, 'x'));
     EXPECT_EQ(folder.Read("a"), std::string(3000000, 'x'));
-    EXPECT_EQ(fs::status(path).permissions(), static_cast<fs::perms>(0640));
+    EXPECT_EQ(ModeOf(path), 0640U);
     EXPECT_EQ(files.ListFolder(folder.path), std::vector<std::string>{"a"});
 }
 
@@ -125,13 +112,15 @@ TEST_F(ReplaceFileTest, RefusesWhatIsNoFileOrHasNoPlace)
     EXPECT_EQ(folder.Read(std::string(255, 'n')), "fits");
 }
 
-TEST_F(ReplaceFileTest, KeepsTheOldFileWhenTheNewOneDoesNotFit)
+TEST_F(ReplaceFileTest, LeavesNothingOfAFileThatDoesNotFit)
 {
     folder.Write("a", "old");
+    const std::string large = folder.Write("large", std::string(100000, 'x'));
     const FileSizeLimit limit(65536);
-    ExpectError([&] { files.ReplaceFile(folder.File("a"), std::string(100000, 'x')); }, ObjectError(1));
+    ExpectError([&] { files.ReplaceFile(folder.File("a"), folder.Read("large")); }, ObjectError(1));
+    ExpectError([&] { files.CopyToWorkingFile(large, folder.File("target")); }, ObjectError(1));
     EXPECT_EQ(folder.Read("a"), "old");
-    EXPECT_EQ(files.ListFolder(folder.path), std::vector<std::string>{"a"});
+    EXPECT_EQ(files.ListFolder(folder.path).size(), 2U);
 }
 
 TEST_F(ReplaceFileTest, LeavesReadOnlyFilesAlone)

@@ -30,17 +30,19 @@ std::string Board(const std::string& n, const std::string& descriptor)
            "\\n\nA: bcdDevice=0102\\n\nA: product=Board " + n + "\\n\n\n";
 }
 
-/// Runs the body, and with it the whole test, in a process to which umockdev shows three boards: 0 has report ids,
-/// 1 has none, 2 has no input reports. What they are to be sent, and what they answer, is scripted ("^@" is 0).
-void WithMockedBoards(const std::function<void()>& body)
+/// Runs the body, and with it the whole test, in a process to which umockdev shows four boards: 0 has report ids,
+/// 1 has none, 2 has no input reports and 3 no output reports. What they are to be sent, and what they answer, is
+/// scripted ("^@" is 0).
+void WithMockedBoards(IWait& wait, const std::function<void(HidServices&)>& body)
 {
+    HidServices services(wait);
     if (std::getenv("UMOCKDEV_DIR"))
-        return body();
+        return body(services);
     if (std::system("command -v umockdev-run >/dev/null") != 0)
         GTEST_SKIP() << "umockdev-run is missing";
     const TemporaryFolder folder;
-    const std::string boards =
-        Board("0", "7508950485019102850291028102") + Board("1", "75089504810295089102") + Board("2", "750895049102");
+    const std::string boards = Board("0", "7508950485019102850291028102") + Board("1", "75089504810295089102") +
+                               Board("2", "750895049102") + Board("3", "750895048102");
     std::string command = "ASAN_OPTIONS=verify_asan_link_order=0 umockdev-run -d " + folder.Write("boards", boards);
     const auto mock = [&](const std::string& node, const std::string& script) {
         const std::string size =
@@ -58,16 +60,15 @@ void WithMockedBoards(const std::function<void()>& body)
 
 TEST(HidServices, FindsAndOpensBoardsAndRefusesWhatCannotBeUsed)
 {
-    WithMockedBoards([] {
-        FakeWait wait;
-        HidServices services(wait);
+    FakeWait wait;
+    WithMockedBoards(wait, [](HidServices& services) {
         const auto found = services.Enumerate();
-        ASSERT_TRUE(found && found->size() == 3);
+        ASSERT_TRUE(found && found->size() == 4);
         for (const HidInterface& each : *found)
             EXPECT_EQ(each.productString, "Board " + each.path.substr(11)) << each.path;
         EXPECT_EQ(services.LastError(), 0);
         const std::pair<const char*, int> refused[] = {
-            {"/dev/hidraw2", ENOTSUP}, {"/dev/null", ENODEV}, {"/dev/hidraw3", ENOENT}};
+            {"/dev/hidraw2", ENOTSUP}, {"/dev/hidraw3", ENOTSUP}, {"/dev/null", ENODEV}, {"/dev/hidraw4", ENOENT}};
         for (const auto& [path, error] : refused) {
             EXPECT_EQ(services.Open(path), nullptr) << path;
             EXPECT_EQ(services.LastError(), error) << path;
@@ -87,9 +88,8 @@ TEST(HidServices, FindsAndOpensBoardsAndRefusesWhatCannotBeUsed)
 
 TEST(HidServices, DropsLateReportsTakesShortOnesAndKeepsOtherProgramsOffUntilTheEnd)
 {
-    WithMockedBoards([] {
-        FakeWait wait;
-        HidServices services(wait);
+    FakeWait wait;
+    WithMockedBoards(wait, [](HidServices& services) {
         const auto board = services.Open("/dev/hidraw0");
         ASSERT_TRUE(board);
         pollfd other{open("/dev/hidraw0", O_RDWR | O_CLOEXEC), POLLIN, 0};
@@ -121,9 +121,8 @@ TEST(HidServices, WaitsForAnotherProgramAndPutsAPlaceForTheIdWhereABoardHasNone)
         }
         int other = -1;
     };
-    WithMockedBoards([] {
-        ReleasingWait wait;
-        HidServices services(wait);
+    ReleasingWait wait;
+    WithMockedBoards(wait, [&wait](HidServices& services) {
         const auto board = services.Open("/dev/hidraw1");
         ASSERT_TRUE(board);
         wait.other = open("/dev/hidraw1", O_RDWR | O_CLOEXEC);

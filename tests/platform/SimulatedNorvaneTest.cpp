@@ -97,22 +97,22 @@ TEST_F(SimulatedNorvaneTest, KeepsSavedValuesOverRestartsAndLosesTheOthers)
 
 TEST_F(SimulatedNorvaneTest, FailsAsTheRulesSay)
 {
-    struct Case {
-        std::string rule;
-        std::string outcome; ///< of four reads at ASPI 0 and one at 8: r(ead), s(tatus), - (refused)
-    };
-    for (const Case& each :
-         {Case{"operation='ReadParameter'", "sssss"}, Case{"operation='ReadParameter' times='1' as='refused'", "-rrrr"},
-          Case{"operation='ReadParameter' after='1' times='2'", "rssrr"}, Case{"aspi='8' as='refused'", "rrrr-"},
-          Case{"node='2'", "rrrrr"}, Case{"operation='PingNode'", "rrrrr"},
-          Case{"parameter='10' base='C4' after='4'", "rrrrs"}, Case{"port='1' operation='OpenZone'", "-----"}}) {
-        Start("<Fault " + each.rule + "/>" + kNodes);
-        std::string outcome;
+    const std::pair<std::string, const char*> cases[] = {{"operation='ReadParameter'", "sssss"},
+                                                         {"operation='ReadParameter' times='1' as='refused'", "-rrrr"},
+                                                         {"operation='ReadParameter' after='1' times='2'", "rssrr"},
+                                                         {"aspi='8' as='refused'", "rrrr-"},
+                                                         {"node='2'", "rrrrr"},
+                                                         {"operation='PingNode'", "rrrrr"},
+                                                         {"parameter='10' base='C4' after='4'", "rrrrs"},
+                                                         {"port='1' operation='OpenZone'", "-----"}};
+    for (const auto& [rule, expected] : cases) {
+        Start("<Fault " + rule + "/>" + kNodes);
+        std::string outcome; // of four reads at ASPI 0 and one at 8: r(ead), s(tatus), - (refused)
         for (const std::int16_t aspi : std::initializer_list<std::int16_t>{0, 0, 0, 0, 8}) {
             const bool isRead = Read(aspi) >= 0;
             outcome += isRead ? 'r' : status_ < 0 ? 's' : '-';
         }
-        EXPECT_EQ(outcome, each.outcome) << each.rule;
+        EXPECT_EQ(outcome, expected) << rule;
     }
 }
 

@@ -14,21 +14,18 @@ TEST_F(DocumentTest, StartEndsBeforeAnythingElseWhenALibraryIsMissingOrTooOld)
         " Inability to find a file/dll may indicate incorrect versions of dependent files/dll as well. Tarvex "
         "dependencies are listed in Tarvex_Versions.htm found in the installation folder or on the distribution CD.";
     const std::string help = "Try running the registerActiveX_<OS version>.bat in /prog/../Depends.. ";
-    const struct {
-        std::string version;
-        std::int32_t error;
-        std::string box;
-    } kCases[] = {{"5.0.0", 0, "Dependency check:  Found ChilkatXML 5.0.0, Require 5.0.1"},
-                  {"rubbish", 0, "Dependency check:  Found ChilkatXML rubbish, Require 5.0.1"},
-                  {"", 7, noXml + help},
-                  {"", kErrFileNotFound, noXml + advice + help}};
+    const std::tuple<std::string, std::int32_t, std::string> kCases[] = {
+        {"5.0.0", 0, "Dependency check:  Found ChilkatXML 5.0.0, Require 5.0.1"},
+        {"rubbish", 0, "Dependency check:  Found ChilkatXML rubbish, Require 5.0.1"},
+        {"", 7, noXml + help},
+        {"", kErrFileNotFound, noXml + advice + help}};
     FakeSettingsStore settings;
-    for (const auto& each : kCases) {
-        prompts_.ExpectMessage(each.box);
-        const auto load = [&] {
-            if (each.error != 0)
-                Raise(each.error, "Loader", "it broke");
-            return each.version;
+    for (const auto& [version, error, box] : kCases) {
+        prompts_.ExpectMessage(box);
+        const auto load = [&found = version, &number = error] {
+            if (number != 0)
+                Raise(number, "Loader", "it broke");
+            return found;
         };
         Startup startup(services_, {load, {}}, settings, mainView_);
         EXPECT_EQ(ExitCodeOf([&] { startup.Run(); }), 8);
@@ -120,36 +117,25 @@ TEST_F(DocumentRun, ReplacesLinksByNameEvenWhenTheOldOneFailsToClose)
 
 using DocumentViews = DocumentTest;
 
-struct Start {
-    const char* commandLine;
-    const char* minInitVersion;
-    const char* caption; // and the window that has it
-    const char* binding;
-};
-
-constexpr Start kStarts[] = {
-    {"-wvexlon-fx", "2.0.0", "Vexlon_Wizard: SetCaption Vexlon-Fx Wizard",
-     "Vexlon_Wizard: Init Vexlon-Fx_Channel1, USB-HID Device, no product"},
-    {"-wossary_plus", "2.5.0", "AnalogTx_Wizard: SetCaption Ossary-Plus Wizard",
-     "AnalogTx_Wizard: Init Ossary-Plus, SerialZorbus, no product"},
-    {"-wCendra", "2.4.0", "Cendra_Wizard: SetCaption Cendra Wizard",
-     "Cendra_Wizard: Init Cendra, SerialZorbus, Cendra"},
-    {"-wOSSARY", "2.4.10", "Cendra_Wizard: SetCaption Ossary Wizard",
-     "Cendra_Wizard: Init Ossary, SerialZorbus, Ossary"},
-};
-
 TEST_F(DocumentViews, StartWithTheWizardOfEveryProduct)
 {
-    for (const Start& start : kStarts) {
-        SCOPED_TRACE(start.commandLine);
+    const std::array<std::string, 5> kStarts[] = {
+        // the wizard, its caption and what it is bound to
+        {"-wvexlon-fx", "2.0.0", "Vexlon_Wizard: ", "Vexlon-Fx", "Vexlon-Fx_Channel1, USB-HID Device, no product"},
+        {"-wossary_plus", "2.5.0", "AnalogTx_Wizard: ", "Ossary-Plus", "Ossary-Plus, SerialZorbus, no product"},
+        {"-wCendra", "2.4.0", "Cendra_Wizard: ", "Cendra", "Cendra, SerialZorbus, Cendra"},
+        {"-wOSSARY", "2.4.10", "Cendra_Wizard: ", "Ossary", "Ossary, SerialZorbus, Ossary"},
+    };
+    for (const auto& [commandLine, minInitVersion, wizard, product, binding] : kStarts) {
+        SCOPED_TRACE(commandLine);
         std::string minimum;
         script_.duringInit = [&] { minimum = state_.g_minInitVersion; };
-        EXPECT_EQ(Run(start.commandLine), std::nullopt);
+        EXPECT_EQ(Run(commandLine), std::nullopt);
         const Lines journal = TakeJournal();
-        EXPECT_EQ(std::count(journal.begin(), journal.end(), start.caption), 1);
-        EXPECT_EQ(std::count(journal.begin(), journal.end(), start.binding), 1);
+        for (const std::string& once : {wizard + "SetCaption " + product + " Wizard", wizard + "Init " + binding})
+            EXPECT_EQ(std::count(journal.begin(), journal.end(), once), 1) << once;
         EXPECT_TRUE(journal.back().ends_with(": ShowView"));
-        EXPECT_EQ(minimum, start.minInitVersion);
+        EXPECT_EQ(minimum, minInitVersion);
     }
 }
 

@@ -1,5 +1,4 @@
 #include "base/Error.h"
-#include "base/ExitRequest.h"
 #include "shell/ErrorLog.h"
 #include "shell/PacketLog.h"
 #include "shell/WorkingCopies.h"
@@ -7,19 +6,9 @@
 #include "support/FakeFileSystem.h"
 
 #include <gtest/gtest.h>
-#include <stdexcept>
 
 namespace tarvex {
 namespace {
-
-template <class Failure> void LogThrown(ErrorLog& log, const Failure& failure)
-{
-    try {
-        throw failure;
-    } catch (...) {
-        log.LogCurrentError();
-    }
-}
 
 TEST(PacketLog, WritesEachKindOfLineAndContinuesAnExistingFile)
 {

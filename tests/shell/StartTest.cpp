@@ -6,17 +6,10 @@
 #include "support/FakeSettingsStore.h"
 #include "support/ScriptedPrompts.h"
 
-#include <gtest/gtest.h>
-
 namespace tarvex {
 namespace {
 
-struct Reading {
-    const char* text;
-    const char* dataFile;
-    const char* wizardProduct;
-    const char* flags; // of help, self-test, demo, batch: the first letters of those set
-};
+using Reading = std::array<std::string, 4>; // the line, data file, wizard product, first letters of the flags set
 
 std::string FlagsOf(const CommandLine& line)
 {
@@ -24,7 +17,7 @@ std::string FlagsOf(const CommandLine& line)
            (line.batch ? "b" : "");
 }
 
-constexpr Reading kReadings[] = {
+const Reading kReadings[] = {
     {"", "", "", ""},
     {"-DEMO -Auto", "", "", "db"},
     {"-h -zb_unit_test", "", "", "hs"},
@@ -40,12 +33,9 @@ constexpr Reading kReadings[] = {
 TEST(CommandLine, IsReadIntoItsFields)
 {
     for (const Reading& expected : kReadings) {
-        SCOPED_TRACE(expected.text);
         ScriptedPrompts prompts;
-        const CommandLine line = ParseCommandLine(expected.text, prompts);
-        EXPECT_EQ(line.dataFile, expected.dataFile);
-        EXPECT_EQ(line.wizardProduct, expected.wizardProduct);
-        EXPECT_EQ(FlagsOf(line), expected.flags);
+        const CommandLine line = ParseCommandLine(expected[0], prompts);
+        EXPECT_EQ((Reading{expected[0], line.dataFile, line.wizardProduct, FlagsOf(line)}), expected);
     }
 }
 

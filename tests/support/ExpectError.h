@@ -2,9 +2,7 @@
 
 #include "base/Error.h"
 
-#include <cstdint>
 #include <gtest/gtest.h>
-#include <string>
 
 namespace tarvex {
 

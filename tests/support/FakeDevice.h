@@ -8,9 +8,7 @@
 #include <map>
 #include <optional>
 #include <set>
-#include <string>
 #include <utility>
-#include <vector>
 
 namespace tarvex {
 

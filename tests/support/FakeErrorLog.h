@@ -3,7 +3,6 @@
 #include "base/Error.h"
 #include "base/IErrorLog.h"
 
-#include <string>
 #include <vector>
 
 namespace tarvex {
@@ -15,6 +14,8 @@ public:
         std::string description;
         std::int32_t number = 0;
         std::string source;
+
+        bool operator==(const Entry&) const = default;
     };
 
     void LogError(std::string_view description, std::int32_t number, std::string_view source) noexcept override

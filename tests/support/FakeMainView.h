@@ -2,9 +2,6 @@
 
 #include "shell/IMainView.h"
 
-#include <string>
-#include <vector>
-
 namespace tarvex {
 
 /// A main window without a window: writes every call down as a line, in order, in a journal that other fakes may share.

@@ -2,7 +2,6 @@
 
 #include "config/IProgress.h"
 
-#include <string>
 #include <vector>
 
 namespace tarvex {

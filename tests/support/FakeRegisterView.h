@@ -3,8 +3,6 @@
 #include "ui/advanced/IRegisterView.h"
 
 #include <functional>
-#include <string>
-#include <vector>
 
 namespace tarvex {
 

@@ -2,8 +2,6 @@
 
 #include "platform/IWait.h"
 
-#include <functional>
-
 namespace tarvex {
 
 /// A wait in which time passes at once.

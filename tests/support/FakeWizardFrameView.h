@@ -1,18 +1,16 @@
 #pragma once
 
-#include "config/IProgress.h"
+#include "support/FakeProgress.h"
 #include "ui/wizards/frame/IWizardFrameView.h"
 
 #include <functional>
 #include <map>
 #include <set>
-#include <string>
-#include <vector>
 
 namespace tarvex {
 
 /// A wizard's window without a window: keeps what it was last told, and all messages.
-class FakeWizardFrameView : public IWizardFrameView, private IProgress {
+class FakeWizardFrameView : public IWizardFrameView {
 public:
     /// What the frame is told when the bar moves.
     std::function<void()> barChanged;
@@ -44,7 +42,7 @@ public:
     void ShowMessage(const std::string& text) override { messages.push_back(text); }
     void ShowPanel(const std::string& key, const std::string& text) override { panels[key] = text; }
     void ShowConnection(const std::string& path, const std::string&) override { connection = path; }
-    IProgress& Progress() override { return *this; }
+    IProgress& Progress() override { return progress; }
     void ShowTree(const std::vector<TreeNode>& roots) override { tree = roots; }
     void SelectNode(const std::string& key) override { node = key; }
     void ShowTreeChecks(bool shown) override { treeChecks = shown; }
@@ -61,35 +59,21 @@ public:
     void CaptionEntry(const std::string& name, const std::string& caption) override { captions[name] = caption; }
     std::string EntryCaption(const std::string& name) const override
     {
-        const auto found = captions.find(name);
-        return found == captions.end() ? std::string() : found->second;
+        return captions.contains(name) ? captions.at(name) : std::string();
     }
 
     std::string Message() const { return messages.empty() ? std::string() : messages.back(); }
 
     std::vector<ElementItem> elements;
-    std::string selected;
     BarState bar;
-    bool barEnabled = false;
-    std::string valueText;
-    bool alert = false;
-    std::string description, picture, helpPicture, tip, title, connection, node;
-    std::vector<std::string> messages;
+    bool barEnabled = false, alert = false, treeChecks = false;
+    std::string selected, valueText, description, picture, helpPicture, tip, title, connection, node;
+    std::vector<std::string> messages, checkedNodes;
     std::map<std::string, std::string> panels, captions;
     std::vector<TreeNode> tree;
-    bool treeChecks = false;
-    std::vector<std::string> checkedNodes;
     std::set<std::string> disabled; ///< menus and entries that are off
     std::set<std::string> checked;
-    std::vector<std::string> progress;
-
-private:
-    void IProgress_SetRange(std::int32_t steps, std::int32_t start) override
-    {
-        progress.push_back(std::to_string(start) + " of " + std::to_string(steps));
-    }
-    void IProgress_TickProgress(std::int32_t steps) override { progress.push_back("tick " + std::to_string(steps)); }
-    void IProgress_Show(bool visible) override { progress.emplace_back(visible ? "show" : "hide"); }
+    FakeProgress progress;
 };
 
 }

@@ -2,11 +2,6 @@
 
 #include "shell/IWizardView.h"
 
-#include <functional>
-#include <string>
-#include <utility>
-#include <vector>
-
 namespace tarvex {
 
 /// How fake wizards behave, and what they wrote down; outlives them.

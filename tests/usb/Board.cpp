@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::uint8_t kWriteReport = 1;
 constexpr std::uint8_t kReadReport = 2;
+constexpr std::uint8_t kDataBytes = 63;
 constexpr std::size_t kHeader = 6; // the report id, both ids of the register, the length byte
 constexpr int kLookPause = 2;      // ms between two looks at what the firmware is told
 
@@ -27,27 +28,16 @@ std::size_t DataSize(const Bytes& report)
     return std::min(declared, report.size() - kHeader);
 }
 
+/// One vendor-defined collection of 63 bytes: report 1 goes to the board, 2 both ways.
+constexpr std::uint8_t kReportDescriptor[] = {0x06, 0x00, 0xFF, 0x09, 0x01, 0xA1,        0x01,       0x15, 0x00,
+                                              0x26, 0xFF, 0x00, 0x75, 0x08, 0x95,        kDataBytes, 0x85, kWriteReport,
+                                              0x09, 0x02, 0x91, 0x02, 0x85, kReadReport, 0x09,       0x02, 0x91,
+                                              0x02, 0x09, 0x04, 0x81, 0x02, 0xC0};
+
 void Check(bool good, const std::string& what)
 {
     if (!good)
         throw std::system_error(errno, std::generic_category(), what);
-}
-
-/// One vendor-defined collection of bytes.
-Bytes ReportDescriptor(const BoardSetup& setup)
-{
-    Bytes descriptor = {0x06, 0x00, 0xFF, 0x09, 0x01, 0xA1, 0x01, 0x15, 0x00, 0x26, 0xFF, 0x00, 0x75, 0x08};
-    const auto add = [&](bool wanted, const Bytes& items) {
-        descriptor.insert(descriptor.end(), items.begin(), wanted ? items.end() : items.begin());
-    };
-    const Bytes output = {0x95, setup.outputBytes, 0x09, 0x02, 0x91, 0x02};
-    add(setup.reportIds, {0x85, kWriteReport});
-    add(setup.outputBytes > 0, output);
-    add(setup.reportIds, {0x85, kReadReport});
-    add(setup.reportIds && setup.outputBytes > 0, output);
-    add(setup.inputBytes > 0, {0x95, setup.inputBytes, 0x09, 0x04, 0x81, 0x02});
-    add(true, {0xC0});
-    return descriptor;
 }
 
 }
@@ -67,14 +57,12 @@ Board::Board(BoardSetup setup) : setup_(setup), folder_("/config/usb_gadget/boar
 {
     for (const char* part : {"", "/strings/0x409", "/functions/hid.usb0", "/configs/c.1"})
         fs::create_directory(folder_ + part);
-    const Bytes descriptor = ReportDescriptor(setup_);
-    const int longest = std::max(setup_.outputBytes, setup_.inputBytes) + (setup_.reportIds ? 1 : 0);
     WriteAttribute("idVendor", "0x12c5");
     WriteAttribute("idProduct", std::to_string(setup_.productId));
     WriteAttribute("bcdDevice", "0x0102");
     WriteAttribute("strings/0x409/product", "Vexlon " + std::to_string(setup_.socket));
-    WriteAttribute("functions/hid.usb0/report_length", std::to_string(longest));
-    WriteAttribute("functions/hid.usb0/report_desc", {descriptor.begin(), descriptor.end()});
+    WriteAttribute("functions/hid.usb0/report_length", std::to_string(kDataBytes + 1));
+    WriteAttribute("functions/hid.usb0/report_desc", {std::begin(kReportDescriptor), std::end(kReportDescriptor)});
     fs::create_directory_symlink(folder_ + "/functions/hid.usb0", folder_ + "/configs/c.1/hid.usb0");
 }
 
@@ -88,10 +76,8 @@ Board::~Board()
 
 void Board::WriteAttribute(const std::string& name, const std::string& value) const
 {
-    const int file = open((folder_ + "/" + name).c_str(), O_WRONLY | O_CLOEXEC);
-    const ssize_t written = write(file, value.data(), value.size());
-    close(file);
-    Check(written == static_cast<ssize_t>(value.size()), name);
+    std::ofstream file(folder_ + "/" + name, std::ios::binary);
+    Check((file << value).flush().good(), name);
 }
 
 void Board::Plug(bool waits)
@@ -184,8 +170,6 @@ void Board::Serve()
             continue;
         report.resize(static_cast<std::size_t>(length));
         received_.push_back(report);
-        if (!setup_.reportIds)
-            report.insert(report.begin(), kReadReport);
         if (report.size() > kHeader)
             Handle(report);
     }
@@ -209,7 +193,7 @@ void Board::Answer(const Bytes& request)
     Bytes answer(request.begin(), request.begin() + kHeader);
     const Bytes& value = registers_[AddressOf(request)];
     answer.insert(answer.end(), value.begin(), value.end());
-    answer.resize(std::size_t{1} + setup_.inputBytes);
+    answer.resize(std::size_t{1} + kDataBytes);
     if (faults_.lengthByte >= 0)
         answer[5] = static_cast<std::uint8_t>(faults_.lengthByte);
     for (; faults_.wrongAnswers > 0; --faults_.wrongAnswers) {
@@ -227,9 +211,8 @@ void Board::Send(const Bytes& answer) const
 {
     pollfd ready{endpoint_, POLLOUT, 0};
     poll(&ready, 1, 1000);
-    const std::size_t first = setup_.reportIds ? 0 : 1;
     // Without a program that reads, or unplugged meanwhile, nobody misses the answer.
-    [[maybe_unused]] const ssize_t written = write(endpoint_, answer.data() + first, answer.size() - first);
+    [[maybe_unused]] const ssize_t written = write(endpoint_, answer.data(), answer.size());
 }
 
 }

@@ -4,7 +4,6 @@
 
 #include <atomic>
 #include <chrono>
-#include <cstdint>
 #include <functional>
 #include <map>
 #include <mutex>
@@ -12,7 +11,6 @@
 #include <string>
 #include <thread>
 #include <utility>
-#include <vector>
 
 namespace tarvex {
 
@@ -35,10 +33,6 @@ struct BoardFaults {
 struct BoardSetup {
     int socket = 0; ///< 0 or 1
     std::uint16_t productId = 0x0A51;
-    /// With ids, 1 goes to the board and 2 both ways; without, the board takes every report for a read request.
-    bool reportIds = true;
-    std::uint8_t outputBytes = 63; ///< without the id; 0 = no such report
-    std::uint8_t inputBytes = 63;
 };
 
 /// A board: a USB gadget on the kernel's dummy controller, and the firmware behind it, which answers I2C packets from

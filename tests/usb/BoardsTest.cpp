@@ -109,32 +109,6 @@ TEST(Boards, WithoutRightsAreRefusedWithAHintUntilTheRightsCome)
     EXPECT_TRUE(late.Ended());
 }
 
-TEST(Boards, OfOtherReportLengthsAreUsedOrRefused)
-{
-    const struct {
-        bool ids;
-        std::uint8_t output;
-        std::uint8_t input;
-        std::size_t wire; ///< bytes of a request as the board gets it, 0 = refused
-    } rows[] = {{true, 20, 33, 21}, {true, 99, 120, 100}, {false, 64, 64, 64}, {true, 0, 63, 0}, {true, 63, 0, 0}};
-    for (const auto& [ids, output, input, wire] : rows) {
-        SCOPED_TRACE(testing::Message() << "ids " << ids << ", " << int{output} << " out, " << int{input} << " in");
-        Board board({.reportIds = ids, .outputBytes = output, .inputBytes = input});
-        board.Set(kScratch, {0x5A});
-        board.Plug();
-        Computer computer;
-        EXPECT_EQ(computer.device.connect(kVexlon, kVendor), wire > 0 ? 1 : 0);
-        if (wire == 0)
-            continue;
-        EXPECT_EQ(computer.Read(kScratch), 0x5A);
-        EXPECT_EQ(board.TakeReceived().at(0).size(), wire);
-        if (output < 36) {
-            EXPECT_THROW(computer.device.WriteTo(0x0451, 0x20, Bytes(31), 31, kNoAspi), Error);
-            EXPECT_EQ(board.ReceivedCount(), 0u);
-        }
-    }
-}
-
 TEST(Boards, ComeAndGoWhileTheyAreListed)
 {
     const int cycles = IsLongRun() ? 200 : 10;

@@ -10,9 +10,6 @@
 #include "support/TemporaryFolder.h"
 #include "usb/Board.h"
 
-#include <cstdlib>
-#include <gtest/gtest.h>
-
 namespace tarvex {
 
 using SteadyClock = std::chrono::steady_clock;

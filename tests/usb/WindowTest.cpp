@@ -1,7 +1,6 @@
 #include "cli/ProgramTest.h"
 
 #include <cstdio>
-#include <fstream>
 #include <thread>
 
 namespace tarvex {

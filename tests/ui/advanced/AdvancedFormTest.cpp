@@ -2,15 +2,9 @@
 #include "support/FakeHidServices.h"
 #include "ui/advanced/AdvancedFormFixture.h"
 
-#include <QMenuBar>
-
 namespace tarvex {
 
-namespace {
-
 const std::string kQuestion = "Save  file before closing"; // no file is open
-
-}
 
 TEST_F(AdvancedFormTest, NothingIsChosenOrClosedInTheMiddleOfATransfer)
 {
@@ -36,6 +30,8 @@ TEST_F(AdvancedFormTest, ARemovedBoardIsLetGoOf)
     const auto link = std::make_shared<HIDDevice>(hid, packetLog_, prompts_);
     services_.links[kHidDeviceType] = [link] { return link; };
     StartWith("Vexlon");
+    deviceChanges_.Change(); // of another device
+    QCoreApplication::processEvents();
     ASSERT_TRUE(link->IsConnected());
     hid.boards[0]->plugged = false;
     {

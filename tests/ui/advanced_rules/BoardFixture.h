@@ -11,8 +11,6 @@
 #include "support/FakeWait.h"
 #include "ui/advanced/BoardActions.h"
 
-#include <algorithm>
-
 namespace tarvex {
 
 using Names = std::vector<std::string>;

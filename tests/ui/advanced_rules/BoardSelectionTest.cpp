@@ -2,13 +2,9 @@
 
 namespace tarvex {
 
-namespace {
-
 using Choices = std::vector<MenuChoice>;
 
 const std::string kNoAnswer = "Unable to connect or verify communications to device Vexlon on USB-HID Device";
-
-}
 
 TEST_F(BoardTest, ALinkThatTheProgramLacksChangesNothing)
 {

@@ -1,7 +1,4 @@
-#include "base/Text.h"
-#include "comm/SerialZorbus.h"
-#include "platform/files/PosixFileSystem.h"
-#include "platform/zorbus/SimulatedNorvaneSystem.h"
+#include "support/ShippedNetwork.h"
 #include "ui/advanced_rules/BoardFixture.h"
 
 namespace tarvex {
@@ -16,16 +13,7 @@ class SerialBoardTest : public BoardTest {
 protected:
     void StartWith(const std::string& product, const std::string& address, const std::string& connector)
     {
-        for (const std::string file : {"/Tarvex.xml", "/ZorbusNetwork.xml"})
-            files_.files["/prog" + file] = PosixFileSystem().ReadWholeFile(TARVEX_SHARE + file, 1'000'000);
-        services_.links[kSerialDeviceType] = [this] {
-            const auto library = std::make_shared<SimulatedNorvaneSystem>(
-                SimulatedNetworkFiles{"/prog/ZorbusNetwork.xml", true, "", "journal"},
-                SimulatedNorvaneSystem::Services{&files_, &wait_, &errors_});
-            return std::make_shared<SerialZorbus>(
-                SerialZorbusServices{[=] { return library; }, state_, packetLog_, errors_, prompts_, wait_, rest_},
-                preferences_.serial);
-        };
+        UseShippedNetwork(*this, wait_, rest_);
         Start();
         view_.address = address;
         view_.connector = connector;

@@ -10,10 +10,8 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTest>
 #include <QWindow>
 #include <atomic>
-#include <gtest/gtest.h>
 #include <thread>
 
 namespace tarvex {
@@ -217,8 +215,7 @@ TEST(QtWait, KeepsTimersGoingAndWaitsForTheCallBeforeARequestToEndTheProgramGoes
     });
     EXPECT_EQ(code, 7);
     EXPECT_TRUE(callEnded);
-    EXPECT_FALSE(wentOn);
-    EXPECT_FALSE(busy.IsBusy());
+    EXPECT_FALSE(wentOn || busy.IsBusy());
 }
 
 }

@@ -41,29 +41,25 @@ TEST_F(SettingsStoreTest, KeepsWhatIsNotItsOwn)
 
 TEST_F(SettingsStoreTest, GivesNothingFromABrokenStoreAndNeverWaits)
 {
-    const struct {
-        const char* name;
-        std::function<void()> prepare;
-        bool writable;
-    } cases[] = {
+    const std::tuple<const char*, std::function<void()>, bool> cases[] = {
         {"binary noise", [&] { Fill(std::string("[UserPreferences]\nBaud=1\0\xFF\xFE", 27)); }, true},
         {"locked by another program", [&] { std::ofstream(path + ".lock") << getpid() << "\nother\nhost\n"; }, true},
         {"a pipe that nobody fills", [&] { mkfifo(path.c_str(), 0600); }, false},
         {"far too large", [&] { Fill("x"), std::filesystem::resize_file(path, 1U << 30); }, false},
         {"a link to nowhere", [&] { symlink("/nowhere/at/all.ini", path.c_str()); }, false},
     };
-    for (const auto& broken : cases) {
-        SCOPED_TRACE(broken.name);
+    for (const auto& [name, prepare, writable] : cases) {
+        SCOPED_TRACE(name);
         std::filesystem::remove_all(path);
-        broken.prepare();
+        prepare();
         QElapsedTimer watch;
         watch.start();
         SettingsStore store(path);
         EXPECT_EQ(store.Read("UserPreferences", "Baud"), std::nullopt);
         store.Write("UserPreferences", "Baud", "9600");
-        EXPECT_EQ(store.Flush(), broken.writable);
+        EXPECT_EQ(store.Flush(), writable);
         EXPECT_LT(watch.elapsed(), 1000);
-        EXPECT_EQ(SettingsStore(path).Read("UserPreferences", "Baud").has_value(), broken.writable);
+        EXPECT_EQ(SettingsStore(path).Read("UserPreferences", "Baud").has_value(), writable);
     }
 }
 

@@ -1,6 +1,5 @@
 #include "ui/advanced/RegisterDisplay.h"
 
-#include "base/Error.h"
 #include "ui/advanced/UI_RegisterItem.h"
 
 #include <QAction>
@@ -9,8 +8,6 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
 
 namespace tarvex {
 namespace {

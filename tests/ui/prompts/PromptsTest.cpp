@@ -8,7 +8,6 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTest>
 #include <QWindow>
 #include <gtest/gtest.h>
 
@@ -35,20 +34,17 @@ protected:
 
 TEST_F(UserPromptsTest, AnswersWithTheButtonAndForAClosedBox)
 {
-    const struct {
-        Buttons buttons;
-        QMessageBox::StandardButton button;
-        Answer pressed;
-        Answer closed;
-    } cases[] = {{Buttons::Ok, QMessageBox::Ok, Answer::Ok, Answer::Ok},
-                 {Buttons::YesNo, QMessageBox::Yes, Answer::Yes, Answer::No},
-                 {Buttons::YesNo, QMessageBox::No, Answer::No, Answer::No},
-                 {Buttons::RetryCancelHelp, QMessageBox::Retry, Answer::Retry, Answer::Cancel},
-                 {Buttons::RetryCancelHelp, QMessageBox::Cancel, Answer::Cancel, Answer::Cancel}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(AnswerWith(c.buttons, [&](QMessageBox& box) { Click(box, *box.button(c.button)); }), c.pressed);
-        EXPECT_EQ(AnswerWith(c.buttons, [](QMessageBox& box) { PressKey(box, Qt::Key_Escape); }), c.closed);
-        EXPECT_EQ(AnswerWith(c.buttons, [](QMessageBox& box) { box.close(); }), c.closed);
+    const std::tuple<Buttons, QMessageBox::StandardButton, Answer, Answer> cases[] = {
+        {Buttons::Ok, QMessageBox::Ok, Answer::Ok, Answer::Ok},
+        {Buttons::YesNo, QMessageBox::Yes, Answer::Yes, Answer::No},
+        {Buttons::YesNo, QMessageBox::No, Answer::No, Answer::No},
+        {Buttons::RetryCancelHelp, QMessageBox::Retry, Answer::Retry, Answer::Cancel},
+        {Buttons::RetryCancelHelp, QMessageBox::Cancel, Answer::Cancel, Answer::Cancel}};
+    for (const auto& [buttons, button, pressed, closed] : cases) {
+        const auto click = [wanted = button](QMessageBox& box) { Click(box, *box.button(wanted)); };
+        EXPECT_EQ(AnswerWith(buttons, click), pressed);
+        EXPECT_EQ(AnswerWith(buttons, [](QMessageBox& box) { PressKey(box, Qt::Key_Escape); }), closed);
+        EXPECT_EQ(AnswerWith(buttons, [](QMessageBox& box) { box.close(); }), closed);
     }
 }
 

@@ -2,10 +2,7 @@
 #include "ui/advanced/HexFieldRules.h"
 #include "ui/advanced/UI_RegisterItemRules.h"
 
-#include <gtest/gtest.h>
-
 namespace tarvex {
-namespace {
 
 TEST(HexFieldRules, AcceptOnlyNumbersWithinTheLimits)
 {
@@ -28,10 +25,7 @@ TEST(HexFieldRules, SayWhatIsWrongWithATextThatIsSet)
 
 TEST(UI_RegisterItemRules, ColourLockAndNameABitByItsFlags)
 {
-    const struct {
-        std::int16_t flags;
-        BitLook look;
-    } cases[] = {
+    const std::pair<std::int16_t, BitLook> cases[] = {
         {0, {0x000000, false, ""}},
         {1, {0x00E1B4, true, "Read only"}},
         {2, {0xFFFFFF, false, "Read/write"}},
@@ -47,5 +41,4 @@ TEST(UI_RegisterItemRules, ColourLockAndNameABitByItsFlags)
     EXPECT_EQ(TextColourOn(0x800080), 0xFFFFFFU);
 }
 
-}
 }

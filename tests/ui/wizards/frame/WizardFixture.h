@@ -2,19 +2,12 @@
 
 #include "comm/DemoDevice.h"
 #include "model/RegisterObject.h"
-#include "shell/Document.h"
-#include "support/FakeClock.h"
+#include "support/DocumentFakes.h"
 #include "support/FakeDevice.h"
-#include "support/FakeErrorLog.h"
-#include "support/FakeFileSystem.h"
 #include "support/FakeMainView.h"
 #include "support/FakeWait.h"
-#include "support/InitFileBuilder.h"
-#include "support/ScriptedPrompts.h"
 #include "ui/wizards/frame/IWizardHost.h"
 #include "ui/wizards/frame/IWizardProduct.h"
-
-#include <gtest/gtest.h>
 
 namespace tarvex {
 
@@ -77,30 +70,26 @@ private:
 };
 
 /// A real document on fakes with the board of the tiny product on a USB link.
-class WizardTest : public testing::Test {
+class WizardTest : public testing::Test, protected DocumentFakes {
 protected:
     using Place = FakeDevice::Place;
     static constexpr Place kGain{0x451, 0x20}, kTune{0x451, 0x21};
 
     WizardTest()
     {
-        state_.programFolder = "/prog";
-        state_.programFileName = "tarvex";
-        state_.rootFolder = "/root";
         InitFileBuilder file;
         file.device = "Vexlon";
         file.registers = RegisterXml("Gain", "20") + RegisterXml("Tune", "21");
         file.properties =
             PropertyXml("Gain", Xml("HelpTip", "gain.rtf") + Xml("Description", "Amplifies") + FieldXml("F", "Gain"));
-        files_.files["/prog/Tarvex.xml"] = file.Text();
+        InitFile() = file.Text();
         files_.files["/prog/HelpTips/gain.rtf"] = "{\\rtf1 gain}";
         files_.files["/prog/HelpTips/CommunicationFailure.rtf"] = "{\\rtf1 lost}";
-        DocumentServices services{state_, files_, errors_, packetLog_, prompts_, preferences_, {}, {}, {}, {}};
-        services.links["Demo"] = [this] { return std::make_shared<DemoDevice>(prompts_); };
-        services.links["USB-HID Device"] = [this] { return link_; };
+        services_.links["Demo"] = [this] { return std::make_shared<DemoDevice>(prompts_); };
+        services_.links["USB-HID Device"] = [this] { return link_; };
         usb_->type = "USB-HID Device";
         usb_->memory = {{kGain, {200}}, {kTune, {10}}};
-        document_ = std::make_unique<Document>(services);
+        document_ = std::make_unique<Document>(services_);
         document_->Run(mainView_);
         document_->SelectCommLink("USB-HID Device");
         document_->controller().GetDeviceNames(kAllOptions, kRegisterProtocol); // as the main window does
@@ -116,15 +105,7 @@ protected:
         return written;
     }
 
-    FakeFileSystem files_;
-    FakeErrorLog errors_;
-    FakeClock clock_;
-    PacketLog packetLog_{files_, clock_};
-    ScriptedPrompts prompts_;
-    Preferences preferences_;
-    ProgramState state_;
     FakeWait wait_;
-    std::vector<std::string> journal_;
     FakeMainView mainView_{journal_};
     std::shared_ptr<FakeDevice> usb_ = std::make_shared<FakeDevice>();
     std::shared_ptr<IDevice> link_ = usb_; ///< what the program makes as its USB link

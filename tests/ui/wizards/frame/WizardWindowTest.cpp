@@ -11,7 +11,6 @@
 #include <QMenu>
 #include <QScrollBar>
 #include <QStyleOptionSlider>
-#include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTreeWidget>
@@ -73,17 +72,14 @@ TEST_F(WizardWindowTest, KeysMoveTheBarAndEachWritesOnce)
 {
     EXPECT_EQ(bar_->value(), 54);
     bar_->setFocus();
-    const struct {
-        Qt::Key key;
-        int position;
-    } cases[] = {{Qt::Key_Up, 55},   {Qt::Key_Right, 56},     {Qt::Key_Left, 55},
-                 {Qt::Key_Down, 54}, {Qt::Key_PageUp, 79},    {Qt::Key_PageDown, 54},
-                 {Qt::Key_End, 254}, {Qt::Key_PageDown, 229}, {Qt::Key_Home, 0}};
+    const std::pair<Qt::Key, int> cases[] = {{Qt::Key_Up, 55},   {Qt::Key_Right, 56},     {Qt::Key_Left, 55},
+                                             {Qt::Key_Down, 54}, {Qt::Key_PageUp, 79},    {Qt::Key_PageDown, 54},
+                                             {Qt::Key_End, 254}, {Qt::Key_PageDown, 229}, {Qt::Key_Home, 0}};
     std::size_t writes = 0;
-    for (const auto& each : cases) {
-        QTest::keyClick(bar_, each.key);
-        EXPECT_EQ(bar_->value(), each.position) << each.key;
-        EXPECT_EQ(usb_->memory[kGain][0], 254 - each.position);
+    for (const auto& [key, position] : cases) {
+        QTest::keyClick(bar_, key);
+        EXPECT_EQ(bar_->value(), position) << key;
+        EXPECT_EQ(usb_->memory[kGain][0], 254 - position);
         EXPECT_EQ(Writes().size(), ++writes);
     }
     QTest::keyClick(bar_, Qt::Key_PageDown);

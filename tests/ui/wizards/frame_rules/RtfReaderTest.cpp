@@ -35,10 +35,7 @@ std::string Notes(const std::string& body)
 
 TEST(RtfReader, ReadsWhatHelpTipsUse)
 {
-    const struct {
-        const char* body;
-        const char* notes;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"{\\b\\fs26 Title}\\par\nplain", "b26[Title]/[plain]"},
         {"a{\\i b{\\ul c}}d", "[a]i[b]iu[c][d]"},
         {"\\b on\\b0 off", "b[on][off]"},
@@ -54,8 +51,8 @@ TEST(RtfReader, ReadsWhatHelpTipsUse)
         {"a}b}}}c\\", "[abc}]"},
         {"\\fs99999999999 x", "400[x]"},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(Notes(each.body), each.notes) << each.body;
+    for (const auto& [body, notes] : cases)
+        EXPECT_EQ(Notes(body), notes) << body;
 }
 
 TEST(RtfReader, RefusesWhatIsNotMeantToBeShown)

@@ -5,7 +5,6 @@
 #include "support/ExpectError.h"
 #include "support/FakeHidServices.h"
 #include "support/FakeWizardFrameView.h"
-#include "support/FakeWizardView.h"
 #include "ui/wizards/frame/BarRules.h"
 #include "ui/wizards/frame/WizardFixture.h"
 
@@ -45,7 +44,6 @@ protected:
     }
     bool MenusAreOff() const { return view_.disabled.contains("File") && view_.disabled.contains("Options"); }
 
-    FakeWizardScript script_{journal_};
     FakeWizardView self_{"wizard", script_};
     FakeWizardFrameView view_;
     TinyProduct product_;
@@ -57,20 +55,16 @@ protected:
 
 TEST(BarRules, RangeAndStepFollowTheBounds)
 {
-    const struct {
-        std::int32_t value, first, second;
-        BarState bar;
-        bool reversed;
-    } cases[] = {
-        {200, 0, 254, {0, 254, 54, 25}, true},      {10, 15, 0, {0, 15, 10, 1}, false},
-        {0, 10, 0, {0, 10, 0, 1}, false},           {2047, 2047, 1, {1, 2047, 2047, 204}, false},
-        {100, 100, 100, {100, 100, 100, 1}, false},
+    const std::tuple<std::int32_t, ElementBounds, BarState, bool> cases[] = {
+        {200, {0, 254}, {0, 254, 54, 25}, true},      {10, {15, 0}, {0, 15, 10, 1}, false},
+        {0, {10, 0}, {0, 10, 0, 1}, false},           {2047, {2047, 1}, {1, 2047, 2047, 204}, false},
+        {100, {100, 100}, {100, 100, 100, 1}, false},
     };
-    for (const auto& each : cases) {
-        const BarSetting setting = SetRange(each.value, {each.first, each.second}, UsualLargeStep);
-        EXPECT_EQ(setting.bar, each.bar) << each.value;
-        EXPECT_EQ(setting.reversed, each.reversed) << each.value;
-        EXPECT_EQ(ValueAt(setting.bar, setting.reversed, setting.bar.position), each.value);
+    for (const auto& [value, bounds, bar, reversed] : cases) {
+        const BarSetting setting = SetRange(value, bounds, UsualLargeStep);
+        EXPECT_EQ(setting.bar, bar) << value;
+        EXPECT_EQ(setting.reversed, reversed) << value;
+        EXPECT_EQ(ValueAt(setting.bar, setting.reversed, setting.bar.position), value);
     }
     ExpectError([] { SetRange(255, {0, 254}, UsualLargeStep); }, 12);
     ExpectError([] { SetRange(16, {15, 0}, UsualLargeStep); }, 12);
@@ -78,13 +72,7 @@ TEST(BarRules, RangeAndStepFollowTheBounds)
 
 TEST(BarRules, KeysAreExchangedClampedAndBeepAtTheEnds)
 {
-    const struct {
-        BarKey key;
-        std::int32_t position;
-        BarKey passedOn;
-        std::int32_t clamped;
-        bool beeps;
-    } cases[] = {
+    const std::tuple<BarKey, std::int32_t, BarKey, std::int32_t, bool> cases[] = {
         {BarKey::Right, 100, BarKey::Right, 100, true},
         {BarKey::Right, 99, BarKey::Right, 99, false},
         {BarKey::Left, 0, BarKey::Left, 0, true},
@@ -96,11 +84,9 @@ TEST(BarRules, KeysAreExchangedClampedAndBeepAtTheEnds)
         {BarKey::Down, 9, BarKey::Up, 0, true},
         {BarKey::Other, 100, BarKey::Other, 100, false},
     };
-    for (const auto& each : cases) {
-        const BarKeyEffect effect = PressBarKey(each.key, {0, 100, each.position, 10});
-        EXPECT_EQ(effect.passedOn, each.passedOn) << each.position;
-        EXPECT_EQ(effect.position, each.clamped) << each.position;
-        EXPECT_EQ(effect.beeps, each.beeps) << each.position;
+    for (const auto& [key, position, passedOn, clamped, beeps] : cases) {
+        const BarKeyEffect effect = PressBarKey(key, {0, 100, position, 10});
+        EXPECT_EQ(std::tie(effect.passedOn, effect.position, effect.beeps), std::tie(passedOn, clamped, beeps));
     }
     EXPECT_EQ(CutDecimals("14.375 ns"), "14.37");
     EXPECT_EQ(CutDecimals("14 ns"), "14 ns");
@@ -134,23 +120,19 @@ TEST_F(WizardFrameTest, AChangeWritesTheValueAndTellsTheMainWindow)
 
 TEST_F(WizardFrameTest, UndoGoesBackOneStep)
 {
-    const struct {
-        std::vector<std::int32_t> moves;
-        std::int32_t undone;
-    } cases[] = {{{11, 12}, 11}, {{11}, 10}};
-    for (const auto& each : cases) {
+    const std::pair<std::vector<std::int32_t>, std::uint8_t> cases[] = {{{11, 12}, 11}, {{11}, 10}};
+    for (const auto& [moves, undone] : cases) {
         usb_->memory[kTune] = {10};
         Start("Tune");
-        for (const std::int32_t position : each.moves)
+        for (const std::int32_t position : moves)
             view_.MoveBar(position);
         EXPECT_FALSE(view_.disabled.contains("Undo"));
         frame_.Undo();
-        EXPECT_EQ(view_.bar.position, each.undone);
-        EXPECT_EQ(usb_->memory[kTune], Bytes{static_cast<std::uint8_t>(each.undone)});
+        EXPECT_EQ(usb_->memory[kTune], Bytes{undone});
         EXPECT_TRUE(view_.disabled.contains("Undo"));
         frame_.Undo();
         EXPECT_EQ(view_.Message(), "Nothing to undo");
-        EXPECT_EQ(view_.bar.position, each.undone);
+        EXPECT_EQ(view_.bar.position, undone);
     }
     product_.Host().OfferUndo(-3);
     frame_.Undo();
@@ -230,7 +212,7 @@ TEST_F(WizardFrameTest, ADeadLinkAtTheStartIsToldAndShown)
     EXPECT_TRUE(usb_->transfers.empty());
 }
 
-TEST_F(WizardFrameTest, SavesAndAsksBeforeClosing)
+TEST_F(WizardFrameTest, SavesOpensAndAsksBeforeClosing)
 {
     Start("Gain");
     view_.MoveBar(55);
@@ -246,23 +228,15 @@ TEST_F(WizardFrameTest, SavesAndAsksBeforeClosing)
     EXPECT_EQ(view_.title, "Tarvex-/home/a.xml");
     EXPECT_NE(files_.files["/home/a.xml"].find("<Value>C7</Value>"), std::string::npos);
     EXPECT_TRUE(frame_.ConfirmClose());
+    usb_->memory[kGain] = {100};
+    prompts_.ExpectOpenFile("/home/a.xml");
+    frame_.Open();
+    EXPECT_EQ(view_.bar.position, 154); // read again
+    EXPECT_EQ(view_.Message(), "Opened file: /home/a.xml");
     view_.MoveBar(56);
     prompts_.ExpectMessage("Save /home/a.xml file before closing", Answer::No);
     EXPECT_EQ(ExitCodeOf([this] { frame_.Quit(); }), 0);
     EXPECT_EQ(usb_->calls.back(), "Disconnect");
-}
-
-TEST_F(WizardFrameTest, OpensADataFileAndReadsTheElementAgain)
-{
-    Start("Gain");
-    prompts_.ExpectSaveFile("/home/a.xml");
-    frame_.SaveAs();
-    usb_->memory[kGain] = {100};
-    prompts_.ExpectOpenFile("/home/a.xml");
-    frame_.Open();
-    EXPECT_EQ(view_.bar.position, 154);
-    EXPECT_EQ(view_.Message(), "Opened file: /home/a.xml");
-    EXPECT_EQ(view_.title, "Tarvex-/home/a.xml");
 }
 
 TEST_F(WizardFrameTest, MissingHelpTipsAreSaid)

@@ -118,12 +118,7 @@ TEST_F(VexlonTest, ElementsMapToTheirRegistersAndBounds)
     Start("Vexlon", "Vexlon", kMode1024);
     EXPECT_EQ(view_.Message(), "Success connecting and retrieving data.");
     const Values offsets{{"Red Offset", 10}, {"Green Offset", 20}, {"Blue Offset", 30}};
-    const struct {
-        const char* element;
-        Values board;
-        std::int32_t high, position, moveTo;
-        Values written;
-    } cases[] = {
+    const std::tuple<const char*, Values, std::int32_t, std::int32_t, std::int32_t, Values> cases[] = {
         {"Horizontal Position", {{"DE_DLY", 0}}, 254, 254, 0, {{"DE_DLY", 254}}},
         {"Vertical Position", {{"DE_TOP", 10}}, 254, 10, 11, {{"DE_TOP", 11}}},
         {"Height", {{"DE_LIN LSB", 1}}, 2047, 769, 255, {{"DE_LIN MSB", 0}, {"DE_LIN LSB", 255}}},
@@ -132,14 +127,14 @@ TEST_F(VexlonTest, ElementsMapToTheirRegistersAndBounds)
         {"Brightness", offsets, 254, 234, 229, {{"Red Offset", 15}, {"Green Offset", 25}, {"Blue Offset", 35}}},
         {"Contrast", {}, 254, 254, 253, {{"Red Gain", 1}, {"Green Gain", 1}, {"Blue Gain", 1}}},
     };
-    for (const auto& each : cases) {
-        Fill(each.board);
-        Select(each.element);
-        EXPECT_EQ(view_.bar.maximum, each.high) << each.element;
-        EXPECT_EQ(view_.bar.position, each.position) << each.element;
-        EXPECT_EQ(TakeWrites(), Values{}) << each.element;
-        view_.MoveBar(each.moveTo);
-        EXPECT_EQ(TakeWrites(), each.written) << each.element;
+    for (const auto& [element, board, high, position, moveTo, written] : cases) {
+        Fill(board);
+        Select(element);
+        EXPECT_EQ(view_.bar.maximum, high) << element;
+        EXPECT_EQ(view_.bar.position, position) << element;
+        EXPECT_EQ(TakeWrites(), Values{}) << element;
+        view_.MoveBar(moveTo);
+        EXPECT_EQ(TakeWrites(), written) << element;
     }
 }
 
