@@ -49,7 +49,13 @@ public:
     std::vector<std::string> CheckedNodes() const override { return checkedNodes; }
     void EnableEntry(const std::string& name, bool enabled) override
     {
-        enabled ? disabled.erase(name) : disabled.insert(name).second;
+        enabled ? off_.erase(name) : off_.insert(name).second;
+        ShowEntry(name);
+    }
+    void BlockEntry(const std::string& name, bool on) override
+    {
+        on ? blocked_.insert(name).second : blocked_.erase(name);
+        ShowEntry(name);
     }
     void CheckEntry(const std::string& name, bool on) override
     {
@@ -74,6 +80,14 @@ public:
     std::set<std::string> disabled; ///< menus and entries that are off
     std::set<std::string> checked;
     FakeProgress progress;
+
+private:
+    void ShowEntry(const std::string& name)
+    {
+        off_.contains(name) || blocked_.contains(name) ? disabled.insert(name).second : disabled.erase(name);
+    }
+
+    std::set<std::string> off_, blocked_;
 };
 
 }
