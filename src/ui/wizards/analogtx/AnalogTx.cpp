@@ -66,7 +66,8 @@ bool AnalogTx::Init(const std::shared_ptr<IProduct>&)
     linkChanged_ = host_->TheDocument().CommLinkChanged.Subscribe(
         [this](const std::shared_ptr<IDevice>& device) { r_document_CommLinkChanged(device); });
     menu_.HandOverSettings();
-    unread_ = !host_->EnsureLink(); // the main window reads the board when the link to it comes up
+    // The main window reads the transmitter when the link to it comes up.
+    unread_ = !host_->EnsureLink() || !menu_.Link();
     return true;
 }
 
