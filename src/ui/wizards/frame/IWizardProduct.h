@@ -48,6 +48,8 @@ public:
     /// Another link has been put in place, or the first one, before Init: a product that listens to events of its own
     /// link subscribes here. The frame itself counts transfers.
     virtual void DeviceBound(const std::shared_ptr<IDevice>& device) { (void)device; }
+    /// The frame has switched off the entries that are off while communication fails, or has switched them on again.
+    virtual void MenusEnabled(bool enabled) { (void)enabled; }
     /// The user clicked a node of the tree.
     virtual void NodeClicked(const std::string& key) = 0;
     /// The name in "Unable to establish communication with ..."; empty takes the controller's device name.

@@ -34,7 +34,7 @@ std::vector<ElementItem> FindElements(IConfigController& controller, IFileSystem
     const bool named = std::any_of(properties.begin(), properties.end(),
                                    [](const auto& each) { return !each->ImageFilepath().empty(); });
     std::vector<ElementItem> elements;
-    if (!named) {
+    if (!named && !builtIn.empty()) {
         for (const BuiltInElement& each : builtIn)
             elements.push_back({each.name, FindPicture(files, state, each.picture)});
         return elements;

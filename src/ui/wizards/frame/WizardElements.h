@@ -14,7 +14,8 @@ namespace tarvex {
 /// Full path of a file in the program's picture folder; of "blank.jpg" without a name.
 std::string FindPicture(IFileSystem& files, const ProgramState& state, const std::string& fileName);
 
-/// The list of a board's elements: its properties where the init file names pictures for them, else the built-in list.
+/// The list of a board's elements: its properties where the init file names pictures for them, or where there is no
+/// built-in list; else that list.
 std::vector<ElementItem> FindElements(IConfigController& controller, IFileSystem& files, const ProgramState& state,
                                       const std::vector<BuiltInElement>& builtIn);
 

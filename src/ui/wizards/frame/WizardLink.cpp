@@ -149,6 +149,7 @@ void WizardLink::EnableMenus(bool enabled)
 {
     for (const std::string& name : description_.offOnFailure)
         view_.EnableEntry(name, enabled);
+    product_.MenusEnabled(enabled);
 }
 
 std::string WizardLink::TargetName() const
