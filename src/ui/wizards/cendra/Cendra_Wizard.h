@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/zorbus/CommSettings.h"
+#include "ui/wizards/frame/WizardWindow.h"
+
+#include <QTimer>
+
+namespace tarvex {
+
+class ISerialWizardDialogs;
+
+/// The window of the boards in an enclosure: the frame's window with what these boards plug into it. The document owns
+/// it.
+class Cendra_Wizard : public WizardWindow {
+public:
+    /// Settings and dialogs outlive it.
+    Cendra_Wizard(WizardWindowServices services, CommSettings& settings, ISerialWizardDialogs& dialogs);
+
+private:
+    /// Stands still: an enclosure is asked whether it answers when something is wanted of it, since asking all the
+    /// time would hold up everybody on the line.
+    QTimer PingTimer;
+};
+
+}
