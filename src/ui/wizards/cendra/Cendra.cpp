@@ -68,10 +68,7 @@ void Cendra::Attach(IWizardHost& host)
     flash_.Attach(host);
 }
 
-void Cendra::MenusEnabled(bool enabled)
-{
-    port_.MenusEnabled(enabled);
-}
+void Cendra::MenusEnabled(bool enabled) { port_.MenusEnabled(enabled); }
 
 void Cendra::SetCurrentProduct(const std::string& product)
 {

@@ -17,8 +17,8 @@
 
 namespace tarvex {
 
-/// What the boards in the slots of an enclosure, Cendra and Ossary, plug into the wizards' frame: every connector of the
-/// enclosure is a target of its own. Main makes it; the frame calls it.
+/// What the boards in the slots of an enclosure, Cendra and Ossary, plug into the wizards' frame: every connector of
+/// the enclosure is a target of its own. Main makes it; the frame calls it.
 class Cendra : public IWizardProduct {
 public:
     /// `settings` are those of the program and outlive this, as the dialogs do.
