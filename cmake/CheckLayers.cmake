@@ -10,7 +10,8 @@ set(separate_rooms ui/wizards/vexlon ui/wizards/cendra ui/wizards/analogtx)
 # Files in Qt rooms that are built and tested without Qt; they know the rooms before Qt and each other.
 set(toolkit_free_files HexFieldRules ItemObject UI_LineItem [A-Za-z]*Rules RegisterTransfer
   Cendra[A-Za-z]* EnclosureMatch
-  HelpTips IWizard[A-Za-z]+ RtfReader RtfText WizardDescription WizardElements WizardFiles WizardFrame[A-Za-z]* WizardLink[A-Za-z]*)
+  HelpTips IWizard[A-Za-z]+ RtfReader RtfText WizardDescription WizardElements WizardFiles WizardFrame[A-Za-z]* WizardLink[A-Za-z]*
+  BitsetElements ISerialWizardDialogs SerialWizardFlash SerialWizardMenu AnalogTx)
 # Headers that the build makes, and what the meta-object compiler writes beside a source.
 set(generated_headers "^(VersionNumbers\\.h|[A-Za-z_]+\\.moc)$")
 

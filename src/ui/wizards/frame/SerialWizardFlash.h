@@ -48,7 +48,6 @@ public:
 private:
     bool CanWork();
     bool Run(const FlashSteps::Step& step);
-    void ShowRestored();
 
     SerialWizardMenu& menu_;
     FlashSteps steps_;
