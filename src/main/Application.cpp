@@ -21,6 +21,7 @@
 #include "ui/common/SettingsStore.h"
 #include "ui/common/WindowTools.h"
 #include "ui/prompts/UserPrompts.h"
+#include "ui/wizards/vexlon/Vexlon_Wizard.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -89,8 +90,11 @@ private:
                                                                        zoneRest_},
                                                   preferences_.serial);
         };
+        services.wizards[WizardKind::Vexlon] = [this] { return std::make_unique<Vexlon_Wizard>(WindowServices()); };
         return services;
     }
+
+    WizardWindowServices WindowServices() { return {state_, files_, clock_, prompts_, errorLog_, wait_, busy_}; }
 
     Dependencies Libraries()
     {

@@ -1,6 +1,7 @@
 #include "ui/wizards/vexlon/Vexlon.h"
 
 #include "shell/IMainView.h"
+#include "ui/wizards/frame/BoardLoading.h"
 #include "ui/wizards/vexlon/VexlonElements.h"
 
 #include <utility>
@@ -94,6 +95,8 @@ std::string Vexlon::HelpPicture(const std::string& element)
 {
     return HelpPictureOf(element, board_.Host().Controller().deviceName());
 }
+
+bool Vexlon::OpenFile(const std::string& path) { return BoardLoading(board_.Host(), "Vexlon", kNoAspi).Load(path); }
 
 void Vexlon::FileOpened()
 {

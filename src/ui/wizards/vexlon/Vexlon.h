@@ -3,7 +3,6 @@
 #include "ui/wizards/frame/IWizardProduct.h"
 #include "ui/wizards/vexlon/VexlonBoard.h"
 #include "ui/wizards/vexlon/VexlonCommands.h"
-#include "ui/wizards/vexlon/VexlonFiles.h"
 #include "ui/wizards/vexlon/VexlonMode.h"
 #include "ui/wizards/vexlon/VexlonTarget.h"
 #include "ui/wizards/vexlon/VexlonValues.h"
@@ -37,7 +36,7 @@ public:
     std::string HelpPicture(const std::string& element) override;
 
     void Undo(std::int32_t code) override { mode_.Undo(code); }
-    bool OpenFile(const std::string& path) override { return files_.Open(path); }
+    bool OpenFile(const std::string& path) override;
     void FileOpened() override;
 
 private:
@@ -49,7 +48,6 @@ private:
     VexlonTarget target_{board_, mode_};
     VexlonValues values_{board_};
     VexlonCommands commands_{board_};
-    VexlonFiles files_{board_};
 };
 
 }

@@ -19,9 +19,4 @@ std::optional<std::int32_t> NextPulseWidth(std::int32_t width, Step step)
     return step == Step::Up ? std::min(width + kPulseStep, end) : std::max(width - kPulseStep, end);
 }
 
-std::int32_t ProbeValue(std::int32_t value, std::int32_t maximum)
-{
-    return value >= maximum - 1 ? value - 1 : value + 1;
-}
-
 }

@@ -10,7 +10,4 @@ enum class Step { Up, Down };
 /// The next width of the horizontal sync pulse, ten pixels on or the end of the range; none at the end.
 std::optional<std::int32_t> NextPulseWidth(std::int32_t width, Step step);
 
-/// The value beside the one that a register holds, for a try whether the board takes it.
-std::int32_t ProbeValue(std::int32_t value, std::int32_t maximum);
-
 }

@@ -3,15 +3,15 @@
 #include "base/Error.h"
 #include "config/IProgress.h"
 #include "model/RegisterObject.h"
+#include "ui/wizards/frame/NavigationTree.h"
 #include "ui/wizards/frame/WizardFrame.h"
-#include "ui/wizards/vexlon/VexlonTree.h"
 
 namespace tarvex {
 
 void VexlonTarget::Show(const std::string& product)
 {
     IWizardHost& host = board_.Host();
-    tree_ = VexlonTreeOf(product);
+    tree_ = NavigationTreeOf(product);
     name_ = host.Controller().deviceName();
     unread_ = true;
     host.View().ShowTree(tree_);

@@ -1,4 +1,5 @@
 #include "support/ExpectError.h"
+#include "ui/wizards/frame/BoardLoading.h"
 #include "ui/wizards/vexlon/VexlonColour.h"
 #include "ui/wizards/vexlon/VexlonSteps.h"
 #include "ui/wizards/vexlon/VexlonTiming.h"

@@ -1,4 +1,4 @@
-#include "ui/wizards/vexlon/VexlonTree.h"
+#include "ui/wizards/frame/NavigationTree.h"
 
 #include "base/Text.h"
 
@@ -22,9 +22,9 @@ std::vector<TreeNode> Channels(const std::string& captionStart)
 
 }
 
-std::vector<TreeNode> VexlonTreeOf(const std::string& product)
+std::vector<TreeNode> NavigationTreeOf(const std::string& product)
 {
-    if (product == "Vexlon")
+    if (product == "Vexlon" || product == "Ossary-Plus")
         return {{product, product}};
     if (ContainsIgnoringCase(product, "Vexlon-Fx"))
         return {{"Vexlon-Fx", "Vexlon-Fx", Channels("Vexlon-Fx Channel ")}};

@@ -7,9 +7,9 @@
 
 namespace tarvex {
 
-/// The navigation tree of a product: one node for a Vexlon board, the channels of a fiber product below its name;
-/// empty for a product that this wizard does not serve.
-std::vector<TreeNode> VexlonTreeOf(const std::string& product);
+/// The navigation tree of a product: one node for a single board, the channels of a fiber product below its name;
+/// empty for any other product.
+std::vector<TreeNode> NavigationTreeOf(const std::string& product);
 
 /// The node of a key anywhere in the tree; none when it is not there.
 const TreeNode* FindNode(const std::vector<TreeNode>& nodes, const std::string& key);

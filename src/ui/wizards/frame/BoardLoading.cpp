@@ -1,0 +1,99 @@
+#include "ui/wizards/frame/BoardLoading.h"
+
+#include "config/IProgress.h"
+#include "model/RegisterObject.h"
+
+#include <utility>
+
+namespace tarvex {
+
+namespace {
+
+constexpr const char* kProbed = "DE_TOP";
+constexpr const char* kSource = "Wizard::OpenFile";
+
+}
+
+std::int32_t ProbeValue(std::int32_t value, std::int32_t maximum)
+{
+    return value >= maximum - 1 ? value - 1 : value + 1;
+}
+
+BoardLoading::BoardLoading(IWizardHost& host, std::string target, std::int16_t aspi)
+    : host_(host), target_(std::move(target)), aspi_(aspi)
+{}
+
+bool BoardLoading::Load(const std::string& path)
+{
+    if (!host_.EnsureLink())
+        return false;
+    const std::int32_t before = Probed().value();
+    if (!IsPresetWritable()) {
+        Restore(before);
+        host_.Services().prompts.Tell(
+            "You must select one of the writable presets (0-2) on the rotary encoder to apply the file settings");
+        return false;
+    }
+    const auto progress = host_.BeginProgress();
+    if (!host_.Controller().InitDeviceFromFile(path)) {
+        Restore(before);
+        host_.Services().prompts.Tell("Unable to open file " + path + ". See TarvexError.log for details");
+        return false;
+    }
+    WriteAll();
+    return true;
+}
+
+bool BoardLoading::IsPresetWritable()
+{
+    RegisterObject& probed = Probed();
+    const std::int32_t before = probed.value();
+    const std::int32_t probe = ProbeValue(before, probed.MaxValue());
+    try {
+        return WriteProbed(probe) && ReadProbed() && probed.value() == probe;
+    } catch (...) {
+        probed.value(before); // what the board holds is not known, but it is not for the probe to stay
+        throw;
+    }
+}
+
+void BoardLoading::Restore(std::int32_t value) { WriteProbed(value); }
+
+bool BoardLoading::WriteProbed(std::int32_t value)
+{
+    return host_.Write(kSource, kProbed, [&] {
+        Probed().value(value);
+        Probed().WriteValue(host_.Device(), aspi_);
+    });
+}
+
+bool BoardLoading::ReadProbed()
+{
+    return host_.Read(kSource, kProbed, [&] { Probed().ReadValue(host_.Device(), aspi_); });
+}
+
+void BoardLoading::WriteAll()
+{
+    const std::int16_t count = host_.Controller().GetI2CRegisterCount();
+    bool allWritten = true;
+    {
+        const auto busy = host_.Services().beginBusy();
+        host_.View().Progress().SetRange(count, 1);
+        for (std::int16_t i = 0; i < count; ++i)
+            allWritten = WriteOne(host_.Controller().GetI2CRegister(i)->Name()) && allWritten;
+    }
+    if (!allWritten)
+        host_.Services().prompts.Tell("error writing register to " + target_);
+}
+
+bool BoardLoading::WriteOne(const std::string& name)
+{
+    const int before = host_.Failures();
+    host_.Controller().WriteI2CRegister(host_.Device(), name, aspi_);
+    host_.View().Progress().TickProgress(1);
+    return host_.Failures() == before;
+}
+
+RegisterObject& BoardLoading::Probed() const { return *host_.Controller().GetI2CRegisterByName(kProbed); }
+
+}
