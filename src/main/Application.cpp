@@ -21,6 +21,7 @@
 #include "ui/common/SettingsStore.h"
 #include "ui/common/WindowTools.h"
 #include "ui/prompts/UserPrompts.h"
+#include "ui/wizards/cendra/Cendra_Wizard.h"
 #include "ui/wizards/vexlon/Vexlon_Wizard.h"
 
 #include <QApplication>
@@ -91,6 +92,9 @@ private:
                                                   preferences_.serial);
         };
         services.wizards[WizardKind::Vexlon] = [this] { return std::make_unique<Vexlon_Wizard>(WindowServices()); };
+        services.wizards[WizardKind::Cendra] = [this] {
+            return std::make_unique<Cendra_Wizard>(WindowServices(), preferences_.serial);
+        };
         return services;
     }
 

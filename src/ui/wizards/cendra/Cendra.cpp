@@ -9,6 +9,7 @@
 
 #include <array>
 #include <limits>
+#include <utility>
 
 namespace tarvex {
 
@@ -28,9 +29,10 @@ constexpr std::int32_t kLargestSingleStepRange = 10;
 
 }
 
-Cendra::Cendra(CommSettings& settings, ISerialWizardDialogs& dialogs)
-    : elements_([this](const RegisterObject& each) { return target_.Aspi(each); }), port_(settings, dialogs),
-      flash_(port_, StepsOfFlash()), discovery_(target_, [this](SerialZorbus&) { return port_.AskToRetry(); })
+Cendra::Cendra(CommSettings& settings, std::unique_ptr<ISerialWizardDialogs> dialogs)
+    : elements_([this](const RegisterObject& each) { return target_.Aspi(each); }), dialogs_(std::move(dialogs)),
+      port_(settings, *dialogs_), flash_(port_, StepsOfFlash()),
+      discovery_(target_, [this](SerialZorbus&) { return port_.AskToRetry(); })
 {}
 
 WizardDescription Cendra::Describe()

@@ -6,6 +6,7 @@
 #include "ui/wizards/cendra/CendraPulseWidth.h"
 #include "ui/wizards/cendra/CendraTarget.h"
 #include "ui/wizards/frame/BitsetElements.h"
+#include "ui/wizards/frame/ISerialWizardDialogs.h"
 #include "ui/wizards/frame/IWizardProduct.h"
 #include "ui/wizards/frame/SerialWizardFlash.h"
 #include "ui/wizards/frame/SerialWizardMenu.h"
@@ -21,8 +22,8 @@ namespace tarvex {
 /// the enclosure is a target of its own. Main makes it; the frame calls it.
 class Cendra : public IWizardProduct {
 public:
-    /// `settings` are those of the program and outlive this, as the dialogs do.
-    Cendra(CommSettings& settings, ISerialWizardDialogs& dialogs);
+    /// `settings` are those of the program and outlive this.
+    Cendra(CommSettings& settings, std::unique_ptr<ISerialWizardDialogs> dialogs);
     Cendra(const Cendra&) = delete;
     Cendra& operator=(const Cendra&) = delete;
 
@@ -56,6 +57,7 @@ private:
 
     CendraTarget target_;
     BitsetElements elements_;
+    std::unique_ptr<ISerialWizardDialogs> dialogs_;
     SerialWizardMenu port_;
     SerialWizardFlash flash_;
     CendraDiscovery discovery_;

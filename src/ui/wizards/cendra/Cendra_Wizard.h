@@ -7,14 +7,12 @@
 
 namespace tarvex {
 
-class ISerialWizardDialogs;
-
 /// The window of the boards in an enclosure: the frame's window with what these boards plug into it. The document owns
 /// it.
 class Cendra_Wizard : public WizardWindow {
 public:
-    /// Settings and dialogs outlive it.
-    Cendra_Wizard(WizardWindowServices services, CommSettings& settings, ISerialWizardDialogs& dialogs);
+    /// `settings` are those of the program's serial port, which the user changes here.
+    Cendra_Wizard(WizardWindowServices services, CommSettings& settings);
 
 private:
     /// Stands still: an enclosure is asked whether it answers when something is wanted of it, since asking all the
