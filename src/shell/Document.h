@@ -87,6 +87,8 @@ public:
     bool OpenView(const std::string& product, IWizardView* current);
     /// Hides the main window or the Vexlon wizard, whichever the product is shown in.
     void CloseView(const std::string& product);
+    /// Asks about unsaved edits in the main window, which ends with a wizard; false when the user wants it to stay.
+    bool ConfirmCloseOfMainView() { return !mainView_ || mainView_->ConfirmClose(); }
     /// True when a wizard window exists, shown or hidden.
     bool IsWizardOpen() const { return !wizards_.empty(); }
     /// Disconnects the link in use and puts another one in its place. The link's own name and unknown names change

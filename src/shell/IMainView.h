@@ -44,6 +44,8 @@ public:
     virtual void FocusView() = 0;
     /// Opens a data file as the Open menu entry would, from its question on.
     virtual void OpenDataFile(const std::string& path) = 0;
+    /// Asks about unsaved edits; false when the user wants the program to stay.
+    virtual bool ConfirmClose() = 0;
 
     /// Another view changed the board: one of the kinds above and the register's or setting's name.
     virtual void UpdateUI(std::int32_t kind, const std::string& name) = 0;

@@ -30,6 +30,7 @@ public:
     void HideView() override { Note("HideView"); }
     void FocusView() override { Note("FocusView"); }
     void OpenDataFile(const std::string& path) override { Note("OpenDataFile " + path); }
+    bool ConfirmClose() override { return confirmsClose; }
     void UpdateUI(std::int32_t kind, const std::string& name) override
     {
         Note("UpdateUI " + std::to_string(kind) + " " + name);
@@ -41,6 +42,8 @@ public:
     void SetChannelNum(std::int16_t number) override { Note("SetChannelNum " + std::to_string(number)); }
     void SetPrefAutoConnect(bool on) override { Note("SetPrefAutoConnect", on); }
     void DisplayStatusMessage(const std::string& text) override { Note("DisplayStatusMessage " + text); }
+
+    bool confirmsClose = true;
 
 private:
     void IProgress_SetRange(std::int32_t, std::int32_t) override {}

@@ -51,7 +51,13 @@ public:
     std::vector<std::string> CheckedNodes() const override { return checkedNodes; }
     void EnableEntry(const std::string& name, bool enabled) override
     {
-        enabled ? disabled.erase(name) : disabled.insert(name).second;
+        enabled ? off_.erase(name) : off_.insert(name).second;
+        ShowEntry(name);
+    }
+    void BlockEntry(const std::string& name, bool on) override
+    {
+        on ? blocked_.insert(name).second : blocked_.erase(name);
+        ShowEntry(name);
     }
     void CheckEntry(const std::string& name, bool on) override
     {
@@ -84,12 +90,18 @@ public:
     std::vector<std::string> progress;
 
 private:
+    void ShowEntry(const std::string& name)
+    {
+        off_.contains(name) || blocked_.contains(name) ? disabled.insert(name).second : disabled.erase(name);
+    }
     void IProgress_SetRange(std::int32_t steps, std::int32_t start) override
     {
         progress.push_back(std::to_string(start) + " of " + std::to_string(steps));
     }
     void IProgress_TickProgress(std::int32_t steps) override { progress.push_back("tick " + std::to_string(steps)); }
     void IProgress_Show(bool visible) override { progress.emplace_back(visible ? "show" : "hide"); }
+
+    std::set<std::string> off_, blocked_;
 };
 
 }

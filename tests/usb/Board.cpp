@@ -177,18 +177,25 @@ void Board::Serve()
     while (plugged_) {
         pollfd ready{endpoint_, POLLIN, 0};
         poll(&ready, 1, kLookPause);
-        const std::lock_guard lock(mutex_);
-        Bytes report(256);
-        const ssize_t length = faults_.takesNothing ? 0 : read(endpoint_, report.data(), report.size());
-        if (length <= 0)
-            continue;
-        report.resize(static_cast<std::size_t>(length));
-        received_.push_back(report);
-        if (!setup_.reportIds)
-            report.insert(report.begin(), kReadReport);
-        if (report.size() > kHeader)
-            Handle(report);
+        std::this_thread::sleep_for(std::chrono::milliseconds(TakeReport()));
     }
+}
+
+/// Returns for how many milliseconds the report keeps the firmware busy.
+int Board::TakeReport()
+{
+    const std::lock_guard lock(mutex_);
+    Bytes report(256);
+    const ssize_t length = faults_.takesNothing ? 0 : read(endpoint_, report.data(), report.size());
+    if (length <= 0)
+        return 0;
+    report.resize(static_cast<std::size_t>(length));
+    received_.push_back(report);
+    if (!setup_.reportIds)
+        report.insert(report.begin(), kReadReport);
+    if (report.size() > kHeader)
+        Handle(report);
+    return faults_.slowness;
 }
 
 void Board::Handle(const Bytes& report)

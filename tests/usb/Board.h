@@ -29,6 +29,7 @@ struct BoardFaults {
     int wrongAnswers = 0;    ///< so many answers of another register come before the right one
     int lengthByte = -1;     ///< stands in every answer in place of the right one
     bool takesNothing = false;
+    int slowness = 0; ///< so many milliseconds each report takes
     std::set<RegisterAddress> readOnly{};
 };
 
@@ -70,6 +71,7 @@ public:
 private:
     void WriteAttribute(const std::string& name, const std::string& value) const;
     void Serve();
+    int TakeReport();
     void Handle(const Bytes& report);
     void Answer(const Bytes& request);
     void Send(const Bytes& answer) const;

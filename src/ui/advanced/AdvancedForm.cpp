@@ -150,6 +150,8 @@ void AdvancedForm::FocusView()
 
 void AdvancedForm::OpenDataFile(const std::string& path) { board_->OpenDataFile(path); }
 
+bool AdvancedForm::ConfirmClose() { return !files_ || files_->ConfirmClose(); }
+
 void AdvancedForm::UpdateUI(std::int32_t kind, const std::string& name) { board_->ShowChange(kind, name); }
 
 void AdvancedForm::CommFailure(const std::string&) { DisplayStatusMessage("Comm Failure recieved in Advanced Form"); }
@@ -276,7 +278,7 @@ void AdvancedForm::ShowVersion()
 
 void AdvancedForm::Quit()
 {
-    if (files_ && !files_->ConfirmClose())
+    if (!ConfirmClose())
         return;
     IWizardView* wizard = document_ ? document_->CurrentWizForm() : nullptr;
     if (wizard && !wizard->ConfirmClose())
@@ -292,7 +294,7 @@ bool AdvancedForm::CloseByUser()
         hide();
         return false;
     }
-    return !files_ || files_->ConfirmClose();
+    return ConfirmClose();
 }
 
 void AdvancedForm::closeEvent(QCloseEvent* event)

@@ -75,6 +75,7 @@ public:
     void HideView() override;
     void FocusView() override;
     void OpenDataFile(const std::string& path) override;
+    bool ConfirmClose() override;
     void UpdateUI(std::int32_t kind, const std::string& name) override;
     void CommFailure(const std::string& text) override;
     void LockRealTime() override;

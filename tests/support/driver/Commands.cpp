@@ -1,9 +1,13 @@
 #include "support/driver/Commands.h"
 
+#include <QAbstractItemView>
+#include <QAbstractSlider>
 #include <QAction>
 #include <QApplication>
+#include <QCursor>
 #include <QKeySequence>
 #include <QTest>
+#include <QTimer>
 #include <QWidget>
 #include <QWindow>
 
@@ -42,18 +46,27 @@ QWidget& Find(const std::string& name)
 
 QAction& FindAction(const std::string& name)
 {
+    const QStringList path = QString::fromStdString(name).split('/');
     for (const QWidget* window : QApplication::topLevelWidgets())
-        if (auto* action = window->findChild<QAction*>(QString::fromStdString(name)))
-            return *action;
+        for (QAction* action : window->findChildren<QAction*>(path.last()))
+            if (LiesIn(action, path.first()))
+                return *action;
     Refuse("there is no menu entry " + name);
 }
 
-std::string TextOf(const QWidget& widget) { return widget.property("text").toString().toStdString(); }
+/// The text of a control, the title of a window.
+std::string TextOf(const QWidget& widget)
+{
+    const QVariant text = widget.property("text");
+    return (text.isValid() ? text.toString() : widget.windowTitle()).toStdString();
+}
 
 /// The window that has the keyboard; without a window manager, nobody else gives it the focus.
 QWindow& ActiveWindow()
 {
     const QWidget* widget = QApplication::activeModalWidget();
+    if (!widget)
+        widget = QApplication::activeWindow();
     for (const QWidget* window : QApplication::topLevelWidgets())
         if (!widget && window->isVisible())
             widget = window;
@@ -85,11 +98,53 @@ void TypeText(const std::string& text)
         QTest::keyClick(&ActiveWindow(), letter);
 }
 
+void ClickAt(const QWidget& widget, QPoint point)
+{
+    QWindow* window = widget.window()->windowHandle();
+    window->requestActivate();
+    QTest::mouseClick(window, Qt::LeftButton, {}, widget.mapTo(widget.window(), point));
+}
+
 void Click(const std::string& name)
 {
     const QWidget& widget = Find(name);
-    const QPoint middle = widget.mapTo(widget.window(), widget.rect().center());
-    QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {}, middle);
+    ClickAt(widget, widget.rect().center());
+}
+
+/// Clicks the item of a list or tree that has the last part of the name as its text.
+void ClickItem(const std::string& name)
+{
+    const std::size_t end = name.rfind('/');
+    auto* view = qobject_cast<QAbstractItemView*>(&Find(name.substr(0, end)));
+    const auto found = view ? view->model()->match(view->model()->index(0, 0), Qt::DisplayRole,
+                                                   QString::fromStdString(name.substr(end + 1)), 1,
+                                                   Qt::MatchExactly | Qt::MatchCaseSensitive | Qt::MatchRecursive)
+                            : QModelIndexList();
+    if (found.isEmpty())
+        Refuse("there is no item " + name);
+    view->scrollTo(found.front());
+    ClickAt(*view->viewport(), view->visualRect(found.front()).center());
+}
+
+/// Moves the mouse on by a pixel each millisecond, whatever the program is doing, and lets go at the end.
+void DragOn(QWidget* window, QPoint from, QPoint to)
+{
+    if (from.x() >= to.x()) {
+        QTest::mouseRelease(window->windowHandle(), Qt::LeftButton, {}, to);
+        return;
+    }
+    QTimer::singleShot(1, window, [=] { DragOn(window, from + QPoint(1, 0), to); });
+    QCursor::setPos(window->mapToGlobal(from));
+}
+
+/// Drags the handle of a bar that stands at its left end to the right end.
+void Drag(const std::string& name)
+{
+    const QWidget& bar = Find(name);
+    QWidget* window = bar.window();
+    const QPoint from = bar.mapTo(window, QPoint(bar.height() + 2, bar.height() / 2)); // beside the arrow
+    QTest::mousePress(window->windowHandle(), Qt::LeftButton, {}, from);
+    DragOn(window, from, bar.mapTo(window, QPoint(bar.width() - 1, bar.height() / 2)));
 }
 
 using Input = void (*)(const std::string&);
@@ -98,6 +153,8 @@ const std::map<std::string, Input>& Inputs()
 {
     static const std::map<std::string, Input> inputs = {
         {"click", Click},
+        {"item", ClickItem},
+        {"drag", Drag},
         {"menu", [](const std::string& name) { Choose(FindAction(name)); }},
         {"key", SendKey},
         {"type", TypeText},
@@ -124,7 +181,9 @@ bool ConditionHolds(const Fields& command)
 {
     if (command.at(1) == "idle")
         return !QApplication::overrideCursor();
-    const QWidget* widget = TryFind(command.at(2));
+    QWidget* widget = TryFind(command.at(2));
+    if (const auto* bar = qobject_cast<QAbstractSlider*>(widget); bar && command.at(1) == "released")
+        return !bar->isSliderDown();
     return widget && (command.at(1) == "shown" || TextOf(*widget).find(command.at(3)) != std::string::npos);
 }
 

@@ -9,13 +9,15 @@ using Fields = std::vector<std::string>;
 
 // Visible widgets are named by objectName; "A/B" is the B within an A.
 //
-//   text NAME    the text that a widget shows
+//   text NAME    the text that a widget shows, or the title of a window
 //   click NAME   the mouse on the middle of a widget
+//   item NAME    the mouse on the item of a list or tree that has the last part of the name as its text
+//   drag NAME    the handle of a bar from its left end to the right end, a pixel each millisecond
 //   menu NAME    a menu entry that is shown and enabled
-//   key KEY      a key or combination, such as Ctrl+R, to the modal window or the only one
+//   key KEY      a key or combination, such as Ctrl+R, to the modal window, the active one or the only one
 //   type TEXT    one key for each character, to the same window
 //   close NAME   the close button of a window's frame
-//   wait shown NAME, wait text NAME PART
+//   wait shown NAME, wait text NAME PART, wait released NAME (a bar)
 //   wait idle    until the hourglass is gone
 //   beat         by how many milliseconds the event loop was late, at worst, since the last time
 

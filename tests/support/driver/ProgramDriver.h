@@ -34,6 +34,8 @@ public:
     std::string Send(const std::vector<std::string>& command);
 
     void Click(const std::string& name) { Send({"click", name}); }
+    /// Clicks an item of a list or tree: its name, then the item's text.
+    void Item(const std::string& name) { Send({"item", name}); }
     void Menu(const std::string& action) { Send({"menu", action}); }
     void Key(const std::string& keys) { Send({"key", keys}); }
     void Type(const std::string& text) { Send({"type", text}); }

@@ -55,8 +55,9 @@ void ElementList::ShowElements(const std::vector<ElementItem>& elements)
     QSize cell(0, 0);
     for (const ElementItem& each : elements) {
         const QString name = ToQt(each.name);
-        ImageList1.insert(name, QIcon(ToQt(each.picture)));
-        addItem(new QListWidgetItem(ImageList1.value(name), name));
+        const QIcon& image =
+            *ImageList1.insert(each.imageKey.empty() ? name : ToQt(each.imageKey), QIcon(ToQt(each.picture)));
+        addItem(new QListWidgetItem(image, name));
         const QRect words = fontMetrics().boundingRect({0, 0, 2 * kIconSide, 10 * kIconSide},
                                                        Qt::TextWordWrap | Qt::AlignHCenter, name);
         cell = cell.expandedTo({std::max(words.width(), kIconSide) + 16, words.height() + kIconSide + 12});

@@ -11,7 +11,8 @@ class IProgress;
 /// One item of the element list. The name is text and tag of the item.
 struct ElementItem {
     std::string name;
-    std::string picture; ///< full path
+    std::string picture;       ///< full path
+    std::string imageKey = {}; ///< names the picture in the image list; empty for the item's own name
 
     bool operator==(const ElementItem&) const = default;
 };
@@ -84,6 +85,8 @@ public:
 
     // Menus and entries, found by object name; unknown names change nothing.
     virtual void EnableEntry(const std::string& name, bool enabled) = 0;
+    /// Keeps an entry off, whatever EnableEntry says or has said, until it is let go again.
+    virtual void BlockEntry(const std::string& name, bool blocked) = 0;
     virtual void CheckEntry(const std::string& name, bool checked) = 0;
     virtual bool IsEntryChecked(const std::string& name) const = 0;
     virtual void CaptionEntry(const std::string& name, const std::string& caption) = 0;

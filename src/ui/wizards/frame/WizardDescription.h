@@ -20,7 +20,8 @@ struct MenuEntry {
 /// An element of the built-in list, which is used where the init file names no pictures.
 struct BuiltInElement {
     std::string name;
-    std::string picture; ///< file name in the program's picture folder
+    std::string picture;       ///< file name in the program's picture folder
+    std::string imageKey = {}; ///< names the picture in the image list; empty for the element's own name
 };
 
 /// Captions of the common menus that differ from wizard to wizard.

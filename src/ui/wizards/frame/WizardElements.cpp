@@ -36,7 +36,7 @@ std::vector<ElementItem> FindElements(IConfigController& controller, IFileSystem
     std::vector<ElementItem> elements;
     if (!named && !builtIn.empty()) {
         for (const BuiltInElement& each : builtIn)
-            elements.push_back({each.name, FindPicture(files, state, each.picture)});
+            elements.push_back({each.name, FindPicture(files, state, each.picture), each.imageKey});
         return elements;
     }
     for (const auto& each : properties) {

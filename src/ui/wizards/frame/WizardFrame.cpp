@@ -97,6 +97,12 @@ void WizardFrame::UpdateUI(std::int32_t kind, const std::string& name)
     });
 }
 
+void WizardFrame::Activated()
+{
+    for (const std::string& panel : description_.panels)
+        view_.ShowPanel(panel, " ");
+}
+
 bool WizardFrame::ConfirmClose() { return !document_ || files_.ConfirmClose(); }
 
 void WizardFrame::Unload()
@@ -145,7 +151,7 @@ void WizardFrame::SaveAs()
 
 void WizardFrame::Quit()
 {
-    if (!ConfirmClose())
+    if (!ConfirmClose() || (document_ && !document_->ConfirmCloseOfMainView()))
         return;
     Unload();
     ExitApplication(0);

@@ -47,6 +47,9 @@ public:
     /// Lets go of board and document; without effect the second time.
     void Unload();
 
+    /// Another window of the program, or nobody, had the keyboard before.
+    void Activated();
+
     // What the user does.
     void ElementClicked(const std::string& element);
     void BarChanged();

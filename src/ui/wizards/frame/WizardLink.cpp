@@ -148,7 +148,7 @@ void WizardLink::EnterFailureState()
 void WizardLink::EnableMenus(bool enabled)
 {
     for (const std::string& name : description_.offOnFailure)
-        view_.EnableEntry(name, enabled);
+        view_.BlockEntry(name, !enabled);
     product_.MenusEnabled(enabled);
 }
 

@@ -7,6 +7,20 @@
 
 namespace tarvex {
 
+namespace {
+
+// Why an entry is off; either is enough.
+constexpr const char* kSwitchedOff = "switchedOff";
+constexpr const char* kBlocked = "blocked";
+
+void SetOff(QAction& entry, const char* reason, bool off)
+{
+    entry.setProperty(reason, off);
+    entry.setEnabled(!entry.property(kSwitchedOff).toBool() && !entry.property(kBlocked).toBool());
+}
+
+}
+
 WizardMenus::WizardMenus(QMenuBar& bar, BusyState& busy, const WizardDescription& description,
                          WizardMenuHandlers handlers)
     : bar_(bar), busy_(busy), handlers_(std::move(handlers))
@@ -41,7 +55,7 @@ QAction& WizardMenus::AddEntry(QMenu& menu, const MenuEntry& entry, const QKeySe
     action->setObjectName(ToQt(entry.name));
     action->setShortcut(keys);
     action->setCheckable(entry.checkable);
-    action->setEnabled(entry.enabled);
+    SetOff(*action, kSwitchedOff, !entry.enabled);
     QObject::connect(action, &QAction::triggered, this,
                      [this, action, chosen = entry.chosen] { Guarded([&] { Choose(*action, chosen); }); });
     return *action;
@@ -58,7 +72,7 @@ void WizardMenus::AddProductEntries(QMenu& menu, const std::vector<MenuEntry>& e
         }
         QMenu* submenu = menu.addMenu(ToQt(each.caption));
         submenu->setObjectName(ToQt(each.name));
-        submenu->menuAction()->setEnabled(each.enabled);
+        SetOff(*submenu->menuAction(), kSwitchedOff, !each.enabled);
         AddProductEntries(*submenu, each.entries);
     }
 }
@@ -87,11 +101,15 @@ QAction* WizardMenus::Find(const std::string& name) const
     return bar_.findChild<QAction*>(ToQt(name));
 }
 
-void WizardMenus::Enable(const std::string& name, bool enabled)
+void WizardMenus::Set(const std::string& name, const char* reason, bool off)
 {
     if (QAction* entry = Find(name))
-        entry->setEnabled(enabled);
+        SetOff(*entry, reason, off);
 }
+
+void WizardMenus::Enable(const std::string& name, bool enabled) { Set(name, kSwitchedOff, !enabled); }
+
+void WizardMenus::Block(const std::string& name, bool blocked) { Set(name, kBlocked, blocked); }
 
 void WizardMenus::Check(const std::string& name, bool checked)
 {

@@ -25,6 +25,8 @@ public:
     WizardMenus(QMenuBar& bar, BusyState& busy, const WizardDescription& description, WizardMenuHandlers handlers);
 
     void Enable(const std::string& name, bool enabled);
+    /// Keeps an entry off, whatever Enable says or has said.
+    void Block(const std::string& name, bool blocked);
     void Check(const std::string& name, bool checked);
     bool IsChecked(const std::string& name) const;
     void Caption(const std::string& name, const std::string& caption);
@@ -35,6 +37,7 @@ private:
     QAction& AddEntry(QMenu& menu, const MenuEntry& entry, const QKeySequence& keys = {});
     void AddProductEntries(QMenu& menu, const std::vector<MenuEntry>& entries);
     void Choose(QAction& entry, const std::function<void()>& chosen);
+    void Set(const std::string& name, const char* reason, bool off);
     bool IsReachable(const QAction& entry) const;
     /// The entry, or a menu's own action; none for an unknown name.
     QAction* Find(const std::string& name) const;

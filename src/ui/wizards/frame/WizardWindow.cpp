@@ -11,7 +11,10 @@
 #include "ui/wizards/frame/WizardMenus.h"
 #include "ui/wizards/frame/WizardTree.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+
+#include <utility>
 
 namespace tarvex {
 
@@ -106,6 +109,24 @@ void WizardWindow::ShowVersion()
     services_.state.firmwareVersionText = device.IsConnected() ? device.FirmwareVersion() : "";
     VersionDlg dialog(services_.state, this);
     ThroughQt([&] { return dialog.exec(); });
+}
+
+bool WizardWindow::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        Activated();
+    if (event->type() == QEvent::WindowDeactivate) {
+        const QWidget* next = QApplication::activeWindow();
+        comesFromOtherWindow_ = next != nullptr && !next->isModal();
+    }
+    return QMainWindow::event(event);
+}
+
+void WizardWindow::Activated()
+{
+    // Neither a question that this window asks nor another program is a change of the view.
+    if (std::exchange(comesFromOtherWindow_, false))
+        frame_.Activated();
 }
 
 void WizardWindow::closeEvent(QCloseEvent* event)

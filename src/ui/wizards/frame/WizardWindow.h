@@ -60,6 +60,7 @@ public:
     void CommFailure(const std::string&) override { frame_.CommFailure(); }
 
 protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -87,6 +88,7 @@ private:
     void ShowTreeChecks(bool shown) override;
     std::vector<std::string> CheckedNodes() const override;
     void EnableEntry(const std::string& name, bool enabled) override;
+    void BlockEntry(const std::string& name, bool blocked) override;
     void CheckEntry(const std::string& name, bool checked) override;
     bool IsEntryChecked(const std::string& name) const override;
     void CaptionEntry(const std::string& name, const std::string& caption) override;
@@ -106,6 +108,7 @@ private:
     void BuildStatusBar();
     void ConnectControls();
     void ShowVersion();
+    void Activated();
 
     WizardWindowServices services_;
     std::unique_ptr<IWizardProduct> product_;
@@ -125,6 +128,7 @@ private:
     PictureTile* connected_ = nullptr;
     QMap<QString, QLabel*> panels_; ///< those that the product describes
     QTimer StatusBarRefreshTimer;
+    bool comesFromOtherWindow_ = true; ///< when it gets the keyboard the next time
     Subscription elementClicked_;
     Subscription nodeClicked_;
 };

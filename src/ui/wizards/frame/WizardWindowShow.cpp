@@ -117,6 +117,8 @@ std::vector<std::string> WizardWindow::CheckedNodes() const { return TreeView1->
 
 void WizardWindow::EnableEntry(const std::string& name, bool enabled) { menus_->Enable(name, enabled); }
 
+void WizardWindow::BlockEntry(const std::string& name, bool blocked) { menus_->Block(name, blocked); }
+
 void WizardWindow::CheckEntry(const std::string& name, bool checked) { menus_->Check(name, checked); }
 
 bool WizardWindow::IsEntryChecked(const std::string& name) const { return menus_->IsChecked(name); }
@@ -127,7 +129,7 @@ std::string WizardWindow::EntryCaption(const std::string& name) const { return m
 
 void WizardWindow::IProgress_SetRange(std::int32_t steps, std::int32_t start)
 {
-    ProgressBar1->setRange(0, std::max(steps, 1));
+    ProgressBar1->setRange(start, std::max(steps, start + 1)); // an empty range would show a bar that never ends
     ProgressBar1->setValue(start);
 }
 

@@ -10,6 +10,7 @@ namespace tarvex {
 namespace {
 
 constexpr std::int32_t kUpperByte = 256;
+constexpr std::string_view kPhase = "Phase Timing";
 
 constexpr std::array<VexlonElement, 11> kElements{{
     {"Brightness", "brightness.jpg", Mapping::Brightness, "Red Offset", nullptr, 1, BoundsFrom::ReversedRegister, {}},
@@ -29,8 +30,16 @@ constexpr std::array<VexlonElement, 11> kElements{{
     {"Height", nullptr, Mapping::TwoBytes, "DE_LIN MSB", "DE_LIN LSB", 1, BoundsFrom::Table, {2047, 1}},
     {"Width", nullptr, Mapping::TwoBytes, "DE_CNT MSB", "DE_CNT LSB", 1, BoundsFrom::Table, {2047, 1}},
     {"Fine Tune", "fine_tune.jpg", Mapping::Scaled, "PLL Div LSB", nullptr, 16, BoundsFrom::Table, {15, 0}},
-    {"Phase Timing", "phase_timing.jpg", Mapping::Scaled, "Phase Adjust", nullptr, 8, BoundsFrom::Table, {31, 0}},
+    {kPhase, "phase_timing.jpg", Mapping::Scaled, "Phase Adjust", nullptr, 8, BoundsFrom::Table, {31, 0}},
 }};
+
+/// The name in one word, but for one picture with a key of its own.
+std::string ImageKeyOf(std::string_view element)
+{
+    std::string key(element == kPhase ? "CONFIG_ELEMENT_KEY_PHASE" : element);
+    std::erase(key, ' ');
+    return key;
+}
 
 }
 
@@ -46,7 +55,7 @@ std::vector<BuiltInElement> BuiltInVexlonElements()
     std::vector<BuiltInElement> shown;
     for (const VexlonElement& each : kElements)
         if (each.picture)
-            shown.push_back({std::string(each.name), each.picture});
+            shown.push_back({std::string(each.name), each.picture, ImageKeyOf(each.name)});
     return shown;
 }
 
@@ -80,7 +89,7 @@ std::string HelpPictureOf(std::string_view element, const std::string& device)
 {
     if (element == "Fine Tune")
         return "noiseLines.jpg";
-    if (element == "Phase Timing")
+    if (element == kPhase)
         return "phase_help.jpg";
     if (device == "Vexlon")
         return "Vexlon.jpg";

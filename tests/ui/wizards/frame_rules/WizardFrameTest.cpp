@@ -208,6 +208,12 @@ TEST_F(WizardFrameTest, ALostBoardIsShownWithinOneTransferAndComesBackWithTheNex
 TEST_F(WizardFrameTest, ABoardThatRefusesOneTransferStaysConnected)
 {
     Start("Gain");
+    view_.EnableEntry("Options", false); // as a product may, beside what the link does
+    frame_.CommFailure();
+    view_.EnableEntry("File", true);
+    EXPECT_TRUE(MenusAreOff());
+    Select("Gain");
+    EXPECT_EQ(view_.disabled, (std::set<std::string>{"Options", "Undo"}));
     usb_->mute = {kGain};
     view_.MoveBar(55);
     EXPECT_EQ(view_.Message(), "Failed to write Gain");
@@ -247,6 +253,10 @@ TEST_F(WizardFrameTest, SavesAndAsksBeforeClosing)
     EXPECT_NE(files_.files["/home/a.xml"].find("<Value>C7</Value>"), std::string::npos);
     EXPECT_TRUE(frame_.ConfirmClose());
     view_.MoveBar(56);
+    prompts_.ExpectMessage("Save /home/a.xml file before closing", Answer::No);
+    mainView_.confirmsClose = false; // its own unsaved edits would be lost, too
+    frame_.Quit();
+    mainView_.confirmsClose = true;
     prompts_.ExpectMessage("Save /home/a.xml file before closing", Answer::No);
     EXPECT_EQ(ExitCodeOf([this] { frame_.Quit(); }), 0);
     EXPECT_EQ(usb_->calls.back(), "Disconnect");
