@@ -21,6 +21,7 @@
 #include "ui/common/SettingsStore.h"
 #include "ui/common/WindowTools.h"
 #include "ui/prompts/UserPrompts.h"
+#include "ui/wizards/analogtx/AnalogTx_Wizard.h"
 #include "ui/wizards/cendra/Cendra_Wizard.h"
 #include "ui/wizards/vexlon/Vexlon_Wizard.h"
 
@@ -94,6 +95,9 @@ private:
         services.wizards[WizardKind::Vexlon] = [this] { return std::make_unique<Vexlon_Wizard>(WindowServices()); };
         services.wizards[WizardKind::Cendra] = [this] {
             return std::make_unique<Cendra_Wizard>(WindowServices(), preferences_.serial);
+        };
+        services.wizards[WizardKind::AnalogTx] = [this] {
+            return std::make_unique<AnalogTx_Wizard>(WindowServices(), preferences_.serial);
         };
         return services;
     }

@@ -17,12 +17,15 @@ namespace {
 constexpr int kByteBits = 8;
 constexpr std::int32_t kNanosecondsPerStep = 2;
 constexpr std::int64_t kMostBits = 31; ///< of a value that fits 32 bits signed
+constexpr std::size_t kMostFields = 7; ///< more bytes would not even be added up in 64 bits
 
 /// The registers that hold an element, lowest byte first.
 std::vector<std::shared_ptr<RegisterObject>> RegistersOf(IConfigController& controller, const std::string& element)
 {
     std::vector<std::string> names;
     controller.GetPropertyByName(element)->GetConstituents(names);
+    if (names.size() > kMostFields)
+        RaiseRuntime(kErrOverflow, "BitsetElements::RegistersOf");
     std::vector<std::shared_ptr<RegisterObject>> registers;
     registers.reserve(names.size());
     for (const std::string& name : names)
@@ -55,11 +58,12 @@ void BitsetElements::Write(const std::string& element, std::int32_t value) const
 {
     const auto registers = RegistersOf(host_->Controller(), element);
     auto shift = static_cast<int>(registers.size()) * kByteBits;
+    std::int64_t rest = value;
     for (const auto& each : std::views::reverse(registers)) {
         shift -= kByteBits;
-        const auto part = static_cast<std::int32_t>(std::int64_t{value} >> shift);
-        value -= part << shift;
-        each->value(part);
+        const std::int64_t part = rest >> shift;
+        rest -= part << shift;
+        each->value(static_cast<std::int32_t>(part));
         each->WriteValue(host_->Device(), aspiOf_(*each));
     }
 }

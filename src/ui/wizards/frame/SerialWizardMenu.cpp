@@ -58,11 +58,7 @@ void SerialWizardMenu::DeviceBound(const std::shared_ptr<IDevice>& device)
 void SerialWizardMenu::MenusEnabled(bool enabled)
 {
     SerialZorbus* link = Link();
-    if (!link)
-        return;
-    if (enabled && link->IsConnected())
-        host_->View().EnableEntry(kSettings, false);
-    else if (!enabled && !link->IsConnected())
+    if (!enabled && link && !link->IsConnected())
         host_->View().CaptionEntry(kPort, kEnable); // the way back after a start without a board
 }
 
@@ -109,7 +105,8 @@ void SerialWizardMenu::Enable_DisableCOM_Click()
         if (Connect()) {
             host_->CheckConnection();
         } else {
-            host_->View().EnableEntry(kSettings, true); // it may be the wrong port
+            host_->View().EnableEntry(kSettings, true);
+            host_->View().BlockEntry(kSettings, false); // it may be the wrong port
             host_->Services().prompts.Tell("Unable to connect to COM" + std::to_string(settings_.comPort));
         }
     }

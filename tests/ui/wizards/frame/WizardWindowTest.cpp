@@ -161,6 +161,9 @@ TEST_F(WizardWindowTest, MenusShowWhatTheProductDescribes)
     EXPECT_FALSE(Entry("Resolution0_1").isChecked()); // the product checks it
     window_.CommFailure("gone");
     EXPECT_EQ(Text("StatusText"), "Communication Failure");
+    {
+        const BusyGuard work(busy_);
+    }                        // does not bring it back
     Entry("Save").trigger(); // nothing is asked: the menu is off
     EXPECT_FALSE(window_.findChild<QMenu*>("File")->menuAction()->isEnabled());
     list_->setFocus();

@@ -1,0 +1,230 @@
+#include "ui/wizards/analogtx/AnalogTx.h"
+#include "base/Text.h"
+#include "comm/SerialZorbus.h"
+#include "model/RegisterObject.h"
+#include "platform/files/PosixFileSystem.h"
+#include "platform/zorbus/SimulatedNorvaneSystem.h"
+#include "support/DocumentFakes.h"
+#include "support/FakeDevice.h"
+#include "support/FakeMainView.h"
+#include "support/FakeWait.h"
+#include "support/FakeWizardFrameView.h"
+#include "ui/wizards/frame/WizardFrame.h"
+
+namespace tarvex {
+namespace {
+
+/// A user who chooses one port after the other, and then cancels.
+struct PortChooser : ISerialWizardDialogs {
+    explicit PortChooser(std::vector<std::int16_t>& chosen) : ports(chosen) {}
+    void ShowSerialSettings(const CommSettings& settings, const Changed& changed, const Cancelled& cancelled) override
+    {
+        if (ports.empty())
+            return cancelled();
+        CommSettings other = settings;
+        other.kind = kSerialPortKind;
+        other.comPort = ports.front();
+        ports.erase(ports.begin());
+        changed(other);
+    }
+    void ShowNoCommHelp(const CommSettings&, const Changed&, const Cancelled&) override {}
+    std::vector<std::int16_t>& ports;
+};
+
+/// The wizard in its frame on the network that the program comes with, its calls journalled.
+class AnalogTxTest : public testing::Test, protected DocumentFakes {
+protected:
+    AnalogTxTest()
+    {
+        for (const std::string file : {"/Tarvex.xml", "/ZorbusNetwork.xml"})
+            files_.files["/prog" + file] = PosixFileSystem().ReadWholeFile(TARVEX_SHARE + file, 1'000'000);
+        preferences_.serial.kind = kSerialPortKind;
+        demo_->type = "Demo device";
+        services_.links["Demo"] = [this] { return demo_; };
+        services_.links[kSerialDeviceType] = [this] {
+            const auto library = std::make_shared<SimulatedNorvaneSystem>(
+                SimulatedNetworkFiles{"/prog/ZorbusNetwork.xml", true, "flash", "journal"},
+                SimulatedNorvaneSystem::Services{&files_, &wait_, &errors_});
+            return std::make_shared<SerialZorbus>(
+                SerialZorbusServices{[=] { return library; }, state_, packetLog_, errors_, prompts_, wait_, rest_},
+                preferences_.serial);
+        };
+        view_.barChanged = [this] { frame_.BarChanged(); };
+    }
+    ~AnalogTxTest() override { frame_.Unload(); }
+
+    /// Starts with calls of the network that fail, such as "operation='PingNode'".
+    void Start(const std::string& faults = {}, const std::string& link = kSerialDeviceType)
+    {
+        std::string& network = files_.files["/prog/ZorbusNetwork.xml"];
+        network.insert(network.find("<Wait"), faults.empty() ? "" : "<Fault " + faults + "/>");
+        document_ = std::make_unique<Document>(services_);
+        document_->Run(mainView_);
+        document_->controller().GetDeviceNames(kAllOptions, kRegisterProtocol); // as the main window does
+        document_->SelectCommLink(link);
+        document_->controller().InitDevice("Ossary-Plus");
+        for (const MenuEntry& each : frame_.Description().options) {
+            entries_[each.name] = each.chosen;
+            view_.captions[each.name] = each.caption;
+        }
+        frame_.Init(*document_, nullptr);
+        frame_.SetCurrentProduct("Ossary-Plus");
+        Calls();
+    }
+    void Select(const std::string& element) { frame_.ElementClicked(view_.selected = element); }
+    void Choose(const std::string& entry) { frame_.Attempt(entries_.at(entry)); }
+    /// The library's calls since the last time: operation, and of transfers ASPI and parameter.
+    std::string Calls()
+    {
+        std::string calls;
+        for (const std::string& line : Split(std::exchange(files_.files["journal"], ""), "\n")) {
+            const auto fields = Split(line, ", ");
+            calls += line.substr(0, line.find('('));
+            calls += fields.size() > 4 ? ":" + fields[2] + ":" + fields[4] + " " : line.empty() ? "" : " ";
+        }
+        return calls;
+    }
+    std::int32_t Value(const std::string& name) { return document_->controller().GetI2CRegisterByName(name)->value(); }
+
+    std::shared_ptr<FakeDevice> demo_ = std::make_shared<FakeDevice>();
+    FakeMainView mainView_{journal_};
+    FakeWait wait_;
+    ZoneRest rest_;
+    std::unique_ptr<Document> document_;
+    FakeWizardView self_{"wizard", script_};
+    FakeWizardFrameView view_;
+    std::vector<std::int16_t> ports_;
+    AnalogTx product_{preferences_.serial, std::make_unique<PortChooser>(ports_)};
+    WizardFrame frame_{self_, view_, product_,
+                       WizardServices{state_, files_, clock_, prompts_, errors_, wait_, [] { return nullptr; }}};
+    std::map<std::string, std::function<void()>> entries_;
+};
+
+TEST_F(AnalogTxTest, ElementsAreTransferredHighestByteFirstAtTheOneSignalProcessor)
+{
+    Start();
+    EXPECT_EQ(view_.tree.size(), 1U);
+    Select("Horizontal Position");
+    EXPECT_EQ(Calls(), "ReadParameter:1:0x21 ReadParameter:1:0x20 ");
+    EXPECT_EQ(view_.bar.maximum, 0x7FF);
+    EXPECT_EQ(view_.bar.position, 0x90);
+    view_.MoveBar(0x234);
+    EXPECT_EQ(Calls(), "WriteParameter:1:0x21 WriteParameter:1:0x20 ");
+    EXPECT_EQ(Value("H_Pos_MSB") << 8 | Value("H_Pos_LSB"), 0x234);
+    EXPECT_EQ(journal_.back(), "main: UpdateUI 2 Horizontal Position");
+    Select("Green_Skew");
+    view_.MoveBar(7);
+    EXPECT_EQ(view_.valueText, "14 ns");
+    frame_.NodeClicked("Ossary-Plus");
+    EXPECT_TRUE(Calls().ends_with("PingNode "));
+}
+
+TEST_F(AnalogTxTest, TheDemoBoardHasNoSignalProcessorFlashOrLog)
+{
+    Start("", "Demo");
+    Select("Color_Gain");
+    EXPECT_EQ(demo_->transfers.back().aspi, kNoAspi);
+    Choose("SyncToFlash");
+    prompts_.ExpectMessage("Logging not supported in demo mode.");
+    Choose("StartLogging");
+    EXPECT_EQ(Calls(), "");
+}
+
+TEST_F(AnalogTxTest, SavedSettingsComeBackAndTheDataFileIsDropped)
+{
+    Start();
+    Select("Color_Gain");
+    view_.MoveBar(100);
+    prompts_.ExpectMessage("Success saving settings.");
+    Calls();
+    Choose("SyncToFlash");
+    EXPECT_EQ(Calls(), "CommandNode ");
+    EXPECT_EQ(view_.Message(), "Flash synced.");
+    prompts_.ExpectSaveFile("/home/a.xml");
+    frame_.SaveAs();
+    view_.MoveBar(50);
+    prompts_.ExpectMessage("Success restoring settings.");
+    Choose("RestoreFlash");
+    EXPECT_EQ(prompts_.messages.back().title, " AnalogTx Restore Settings");
+    EXPECT_EQ(view_.bar.position, 100);
+    EXPECT_EQ(view_.title, "Tarvex");
+    EXPECT_EQ(view_.Message(), "Settings restored.");
+}
+
+TEST_F(AnalogTxTest, ACacheCommandThatFailsIsToldAndChangesNothing)
+{
+    Start("operation='CommandNode'");
+    Select("Color_Gain");
+    view_.MoveBar(50);
+    prompts_.ExpectMessage("Failed to sync to flash");
+    Choose("SyncToFlash");
+    EXPECT_EQ(prompts_.messages.back().title, "AnalogTx Save to System");
+    Calls();
+    prompts_.ExpectMessage("Failed to restore from flash.");
+    Choose("RestoreFlash");
+    EXPECT_EQ(Calls(), "CommandNode ");
+    EXPECT_EQ(view_.bar.position, 50);
+}
+
+TEST_F(AnalogTxTest, AFileIsWrittenAfterTheTryAndAFailedRegisterIsTold)
+{
+    Start("operation='WriteParameter' parameter='14'");
+    prompts_.ExpectSaveFile("/home/a.xml");
+    frame_.SaveAs();
+    Select("Color_Gain");
+    view_.MoveBar(50);
+    Calls();
+    prompts_.ExpectOpenFile("/home/a.xml");
+    prompts_.ExpectMessage("error writing register to Ossary-Plus");
+    frame_.Open();
+    const std::string calls = Calls();
+    EXPECT_TRUE(calls.starts_with("WriteParameter:1:0x8 ReadParameter:1:0x8 WriteParameter:1:0x8 ")) << calls;
+    EXPECT_NE(calls.find("WriteParameter:1:0x14 WriteParameter:1:0x15 "), std::string::npos) << calls;
+    EXPECT_EQ(view_.bar.position, 0x40);
+}
+
+TEST_F(AnalogTxTest, TheSettingsOfThePortAreTriedUntilTheBoardAnswers)
+{
+    Start();
+    Select("Color_Gain");
+    view_.MoveBar(50);
+    Choose("Enable_DisableCOM");
+    EXPECT_EQ(view_.captions["Enable_DisableCOM"], "&Enable COM");
+    EXPECT_FALSE(view_.disabled.contains("SerialPortSettings"));
+    ports_ = {3, 1};
+    const std::string question =
+        "Unable to communicate to hardware. Do you want to continue to change the communication settings?";
+    prompts_.ExpectMessage(question, Answer::Yes);
+    Choose("SerialPortSettings");
+    EXPECT_EQ(view_.captions["Enable_DisableCOM"], "&Disable COM");
+    EXPECT_TRUE(view_.disabled.contains("SerialPortSettings"));
+    EXPECT_EQ(Value("Color_Gain"), 50); // the registers were made anew, and read
+    EXPECT_EQ(document_->controller().pid(), 0x333);
+    Choose("Enable_DisableCOM");
+    ports_ = {3};
+    prompts_.ExpectMessage(question, Answer::No);
+    Choose("SerialPortSettings");
+    EXPECT_EQ(view_.Message(), "Failed to get current status of Color_Gain setting.");
+    EXPECT_EQ(preferences_.serial.comPort, 3);
+}
+
+TEST_F(AnalogTxTest, WithoutABoardOnlyThePortIsWithinReach)
+{
+    preferences_.serial.comPort = 3;
+    prompts_.ExpectMessage("Unable to establish communication with Ossary-Plus");
+    Start();
+    for (const char* entry : {"File", "Edit", "SyncToFlash", "RestoreFlash", "StartLogging", "SerialPortSettings"})
+        EXPECT_TRUE(view_.disabled.contains(entry)) << entry;
+    EXPECT_FALSE(view_.disabled.contains("Options"));
+    prompts_.ExpectMessage("Unable to connect to COM3");
+    Choose("Enable_DisableCOM");
+    ports_ = {1};
+    Choose("SerialPortSettings");
+    EXPECT_TRUE(view_.barEnabled);
+    EXPECT_FALSE(view_.disabled.contains("File"));
+    document_->SelectCommLink("Demo");
+    EXPECT_EQ(view_.Message(), "Serial port connected on COM 0");
+}
+
+}
+}
