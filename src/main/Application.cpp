@@ -22,6 +22,7 @@
 #include "ui/common/WindowTools.h"
 #include "ui/prompts/UserPrompts.h"
 #include "ui/wizards/analogtx/AnalogTx_Wizard.h"
+#include "ui/wizards/cendra/Cendra_Wizard.h"
 #include "ui/wizards/vexlon/Vexlon_Wizard.h"
 
 #include <QApplication>
@@ -92,6 +93,9 @@ private:
                                                   preferences_.serial);
         };
         services.wizards[WizardKind::Vexlon] = [this] { return std::make_unique<Vexlon_Wizard>(WindowServices()); };
+        services.wizards[WizardKind::Cendra] = [this] {
+            return std::make_unique<Cendra_Wizard>(WindowServices(), preferences_.serial);
+        };
         services.wizards[WizardKind::AnalogTx] = [this] {
             return std::make_unique<AnalogTx_Wizard>(WindowServices(), preferences_.serial);
         };

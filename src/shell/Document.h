@@ -80,6 +80,8 @@ public:
     void NotifyCommFailure(const std::string& text);
     /// Tells all other views of a change; `sender` is none for the main window itself.
     void UpdateAllViews(const IWizardView* sender, std::int32_t kind, const std::string& name);
+    /// Makes a connector of an enclosure the target of the main window, too.
+    void ShowTarget(std::int32_t address, std::int16_t connector);
     /// Shows the view of a product, or with "AdvancedForm" the main window beside the wizard `current`. False when
     /// nothing was shown.
     bool OpenView(const std::string& product, IWizardView* current);

@@ -16,6 +16,14 @@ bool Document::OpenView(const std::string& product, IWizardView* current)
     return false;
 }
 
+void Document::ShowTarget(std::int32_t address, std::int16_t connector)
+{
+    if (!mainView_)
+        return;
+    mainView_->SetZorbusID(address);
+    mainView_->SetChannelNum(connector);
+}
+
 void Document::CloseView(const std::string& product)
 {
     if (ViewNameForProduct(product) == kAdvancedForm) {

@@ -53,6 +53,9 @@ public:
     /// Ticks "Real Time Update" without asking the board, and disables it: a second view always writes at once.
     virtual void LockRealTime() = 0;
     virtual void SetAsSecondaryView(bool secondary) = 0;
+    /// Address of the enclosure and number of the connector in it that the window works on from now on.
+    virtual void SetZorbusID(std::int32_t value) = 0;
+    virtual void SetChannelNum(std::int16_t number) = 0;
     /// Sets the AutoConnect preference for this run.
     virtual void SetPrefAutoConnect(bool on) = 0;
 };

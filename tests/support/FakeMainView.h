@@ -35,6 +35,8 @@ public:
     void CommFailure(const std::string& text) override { Note("CommFailure " + text); }
     void LockRealTime() override { Note("LockRealTime"); }
     void SetAsSecondaryView(bool secondary) override { Note("SetAsSecondaryView", secondary); }
+    void SetZorbusID(std::int32_t value) override { Note("SetZorbusID " + std::to_string(value)); }
+    void SetChannelNum(std::int16_t number) override { Note("SetChannelNum " + std::to_string(number)); }
     void SetPrefAutoConnect(bool on) override { Note("SetPrefAutoConnect", on); }
     void DisplayStatusMessage(const std::string& text) override { Note("DisplayStatusMessage " + text); }
 

@@ -40,6 +40,9 @@ public:
         expectations_.push_back({"input box " + texts, {}, std::move(answer)});
     }
 
+    /// The list of devices; no answer = cancelled.
+    void ExpectBrowse(std::optional<std::size_t> answer) { expectations_.push_back({"browse dialog", {}, {}, answer}); }
+
     Answer ShowMessage(const MessageBoxRequest& request) override
     {
         messages.push_back(request);
@@ -58,8 +61,7 @@ public:
 
     std::optional<std::size_t> BrowseForDevice(const std::vector<std::string>&) override
     {
-        Take("browse dialog");
-        return std::nullopt;
+        return Take("browse dialog").position;
     }
 
     std::unique_ptr<IQueryWindow> ShowQueryProgress() override
@@ -91,6 +93,7 @@ private:
         std::string question; ///< the kind of box, and the text of a message
         Answer answer = Answer::Cancel;
         std::optional<std::string> text;
+        std::optional<std::size_t> position = std::nullopt;
     };
 
     Expectation Take(const std::string& question)

@@ -90,8 +90,8 @@ public:
     /// "AutoConnect" or "AutoLoadFileOpen"; raises 402 for any other name.
     bool GetAppPreference(const std::string& name) const;
     void SetPrefAutoLoadOnOpen(bool on);
-    void SetZorbusID(std::int32_t value);
-    void SetChannelNum(std::int16_t number);
+    void SetZorbusID(std::int32_t value) override;
+    void SetChannelNum(std::int16_t number) override;
     /// Ends the use of the window: the preferences are saved, once.
     void Unload();
 

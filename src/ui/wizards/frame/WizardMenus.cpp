@@ -16,7 +16,11 @@ constexpr const char* kBlocked = "blocked";
 void SetOff(QAction& entry, const char* reason, bool off)
 {
     entry.setProperty(reason, off);
-    entry.setEnabled(!entry.property(kSwitchedOff).toBool() && !entry.property(kBlocked).toBool());
+    const bool on = !entry.property(kSwitchedOff).toBool() && !entry.property(kBlocked).toBool();
+    if (auto* menu = entry.menu()) // its entry alone would come back with the bar, after work has run
+        menu->setEnabled(on);
+    else
+        entry.setEnabled(on);
 }
 
 }

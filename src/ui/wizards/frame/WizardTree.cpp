@@ -39,7 +39,11 @@ void ShowCheck(QTreeWidgetItem& item, bool shown)
 WizardTree::WizardTree(QWidget* parent) : QTreeWidget(parent)
 {
     setHeaderHidden(true);
-    QObject::connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) { Tell(item); });
+    QObject::connect(this, &QTreeWidget::itemChanged, this, [this] { ticked_ = true; });
+    QObject::connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
+        if (!ticked_)
+            Tell(item);
+    });
 }
 
 void WizardTree::Tell(const QTreeWidgetItem* item)
@@ -48,6 +52,12 @@ void WizardTree::Tell(const QTreeWidgetItem* item)
         if (item != nullptr)
             NodeClicked.Raise(KeyOf(*item));
     });
+}
+
+void WizardTree::mousePressEvent(QMouseEvent* event)
+{
+    ticked_ = false;
+    QTreeWidget::mousePressEvent(event);
 }
 
 void WizardTree::keyPressEvent(QKeyEvent* event)
@@ -89,6 +99,7 @@ void WizardTree::ShowChecks(bool shown)
     checksShown_ = shown;
     for (QTreeWidgetItemIterator item(this); *item != nullptr; ++item)
         ShowCheck(**item, shown);
+    FitToCaptions();
 }
 
 std::vector<std::string> WizardTree::Checked() const

@@ -10,7 +10,7 @@
 
 namespace tarvex {
 
-/// The navigation tree. A node is chosen with a click, or with Enter.
+/// The navigation tree. A node is chosen with a click, or with Enter; a click on its check box only ticks it.
 class WizardTree : public QTreeWidget {
 public:
     explicit WizardTree(QWidget* parent);
@@ -23,6 +23,7 @@ public:
     std::vector<std::string> Checked() const;
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -30,6 +31,7 @@ private:
     void Tell(const QTreeWidgetItem* item);
 
     bool checksShown_ = false;
+    bool ticked_ = false; ///< the click that is going on has hit a check box
 };
 
 }

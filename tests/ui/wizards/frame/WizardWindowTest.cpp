@@ -1,4 +1,5 @@
 #include "ui/wizards/frame/WizardWindow.h"
+#include "ui/wizards/frame/WizardTree.h"
 
 #include "support/qt/QtTestTools.h"
 #include "ui/common/QtWait.h"
@@ -157,11 +158,30 @@ TEST_F(WizardWindowTest, MenusShowWhatTheProductDescribes)
     EXPECT_FALSE(Entry("Resolution0_1").isChecked()); // the product checks it
     window_.CommFailure("gone");
     EXPECT_EQ(Text("StatusText"), "Communication Failure");
+    {
+        const BusyGuard work(busy_);
+    }                        // does not bring it back
     Entry("Save").trigger(); // nothing is asked: the menu is off
     EXPECT_FALSE(window_.findChild<QMenu*>("File")->menuAction()->isEnabled());
     list_->setFocus();
     QTest::keyClick(list_, Qt::Key_Return);
     EXPECT_TRUE(window_.findChild<QMenu*>("File")->menuAction()->isEnabled());
+}
+
+TEST(WizardTree, ATickChoosesNoNode)
+{
+    WizardTree tree(nullptr);
+    tree.ShowNodes({{"root", "Root", {{"leaf", "A connector"}}}});
+    tree.ShowChecks(true);
+    tree.show();
+    std::vector<std::string> clicked;
+    const auto heard = tree.NodeClicked.Subscribe([&](const std::string& key) { clicked.push_back(key); });
+    const QRect leaf = tree.visualItemRect(tree.topLevelItem(0)->child(0));
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, {leaf.left() + 8, leaf.center().y()});
+    EXPECT_EQ(tree.Checked(), std::vector<std::string>{"leaf"});
+    EXPECT_TRUE(clicked.empty());
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, {leaf.left() + 40, leaf.center().y()});
+    EXPECT_EQ(clicked, std::vector<std::string>{"leaf"});
 }
 
 TEST_F(WizardWindowTest, TheCloseBoxAsksAsQuitDoes)

@@ -1,0 +1,184 @@
+#include "ui/wizards/cendra/Cendra.h"
+
+#include "base/ExitRequest.h"
+#include "base/Numbers.h"
+#include "comm/Enclosure.h"
+#include "comm/SerialZorbus.h"
+#include "shell/IMainView.h"
+#include "ui/wizards/cendra/CendraTree.h"
+
+#include <array>
+#include <limits>
+#include <utility>
+
+namespace tarvex {
+
+namespace {
+
+constexpr int kExitNoProducts = 7;
+
+/// Up to a range, the large step is the range divided by a number.
+struct StepTier {
+    std::int32_t upTo;
+    std::int32_t divisor;
+};
+
+constexpr std::array<StepTier, 4> kStepTiers{
+    {{100, 10}, {1000, 50}, {10000, 100}, {std::numeric_limits<std::int32_t>::max(), 500}}};
+constexpr std::int32_t kLargestSingleStepRange = 10;
+
+}
+
+Cendra::Cendra(CommSettings& settings, std::unique_ptr<ISerialWizardDialogs> dialogs)
+    : elements_([this](const RegisterObject& each) { return target_.Aspi(each); }), dialogs_(std::move(dialogs)),
+      port_(settings, *dialogs_), flash_(port_, StepsOfFlash()),
+      discovery_(target_, [this](SerialZorbus&) { return port_.AskToRetry(); })
+{}
+
+WizardDescription Cendra::Describe()
+{
+    WizardDescription description;
+    description.windowName = "Cendra_Wizard";
+    description.viewName = "Cendra Wizard";
+    description.designCaption = "Cendra - Display Adjustments";
+    description.realLink = kSerialDeviceType;
+    description.failureHelpTip = "CommunicationFailure_SerialZorbus.rtf";
+    description.captions = {"&Save", "Save &As", "&Edit", "&Undo last change", "&Options"};
+    description.closeQuestionEnd = "?";
+    description.savesUnderOldNameOnClose = true;
+    MenuEntry selected{"Selected", "&Copy to Selected"};
+    selected.enabled = false;
+    selected.entries = {{"LoadAllConfigElements", "Current &Profile", [this] { copy_.LoadAllConfigElements(); }}};
+    description.options = {
+        {"SelectMultiChannels", "Enable &Multiple Selection", [this] { copy_.SelectMultiChannels(); }, true},
+        selected,
+        flash_.SaveEntry("&Save to System"),
+        flash_.RestoreEntry("&Restore Current System Settings"),
+        port_.SettingsEntry("Serial &Port Settings"),
+        port_.PortEntry("&Enable COM x"),
+        {"DecreaseHSyncPulseWidth", "&Decrease Horizontal Pulse Width", [this] { pulse_.Decrease(); }},
+        {"IncreaseHSyncPulseWidth", "&Increase Horizontal Pulse Width", [this] { pulse_.Increase(); }},
+        port_.LoggingEntry("Start &Logging")};
+    return description;
+}
+
+void Cendra::Attach(IWizardHost& host)
+{
+    target_.Attach(host);
+    elements_.Attach(host);
+    port_.Attach(host);
+    flash_.Attach(host);
+}
+
+void Cendra::MenusEnabled(bool enabled) { port_.MenusEnabled(enabled); }
+
+void Cendra::SetCurrentProduct(const std::string& product)
+{
+    product_ = product;
+    discovery_.Discover(product);
+    ShowTree();
+}
+
+void Cendra::ShowTree()
+{
+    IWizardHost& host = target_.Host();
+    IUserPrompts& prompts = host.Services().prompts;
+    if (product_ == "Kestra-Fx") {
+        prompts.Tell(product_ + " not supported in this version");
+        return;
+    }
+    const auto tree = CendraTreeOf(target_.TheEnclosure());
+    const std::string first = FirstLeafOf(tree);
+    host.View().ShowTree(tree);
+    if (first.empty()) {
+        prompts.Tell("No products discovered.  Exiting.");
+        ExitApplication(kExitNoProducts);
+    }
+    host.View().SelectNode(first);
+    NodeClicked(first);
+}
+
+void Cendra::NodeClicked(const std::string& key)
+{
+    if (target_.Choose(key))
+        target_.Host().TellOtherViews(kEverythingChanged, "");
+    target_.Host().SelectAgain();
+}
+
+bool Cendra::UpdateUI(std::int32_t kind, const std::string& name)
+{
+    if (kind == kRegisterChanged)
+        return elements_.IsHeldBy(target_.Host().CurrentElement(), name);
+    return kind == kEverythingChanged;
+}
+
+std::optional<NoTarget> Cendra::MissingTarget()
+{
+    if (target_.HasConnector())
+        return std::nullopt;
+    return NoTarget{"Select a leaf of the navigation tree", "Select a channel"};
+}
+
+bool Cendra::WriteElement(const std::string& element, std::int32_t value)
+{
+    elements_.Write(element, value);
+    return true;
+}
+
+std::string Cendra::ValueText(const std::string& element, std::int32_t position)
+{
+    return BitsetElements::ValueText(element, position);
+}
+
+std::int32_t Cendra::LargeStep(std::int32_t range)
+{
+    if (range <= kLargestSingleStepRange)
+        return 1;
+    const StepTier* tier = kStepTiers.begin();
+    while (range > tier->upTo)
+        ++tier;
+    return range / tier->divisor;
+}
+
+std::string Cendra::HelpPicture(const std::string&)
+{
+    return product_ == "Ossary" ? "Ossary_splash.jpg" : "CENDRA_splash.jpg";
+}
+
+std::string Cendra::UnreadMessage(const std::string& element)
+{
+    return "Failed to get current status of " + element + " setting.";
+}
+
+FlashSteps Cendra::StepsOfFlash()
+{
+    return {[](SerialZorbus& link) { return link.ResetCache() && link.Reboot(); },
+            [](SerialZorbus& link) { return link.Reboot(); }, [this] { return TextsOfFlash(); }};
+}
+
+FlashTexts Cendra::TextsOfFlash()
+{
+    FlashTexts texts;
+    texts.savedTitle = product_ + " Save To System";
+    texts.saveFailedTitle = texts.restoreFailedTitle = product_ + " Save to System";
+    texts.restoredMessage = "Flash settings restored.";
+    texts.restoredTitle = product_ + " Restore Settings";
+    texts.restoreFailed =
+        "Failed to sync to flash.  No response after reboot from 0x" + ToHex(target_.Host().Device().ProductID());
+    return texts;
+}
+
+void Cendra::FileSaved()
+{
+    if (target_.Host().Services().prompts.Ask("Save settings to hardware (" + target_.EnclosureName() + ")?",
+                                              "Save to System"))
+        flash_.SyncToFlash_Click();
+}
+
+void Cendra::Unload()
+{
+    port_.Unload();
+    target_.Release();
+}
+
+}

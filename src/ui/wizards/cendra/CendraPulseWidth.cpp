@@ -1,0 +1,50 @@
+#include "ui/wizards/cendra/CendraPulseWidth.h"
+
+#include "model/RegisterObject.h"
+#include "shell/IMainView.h"
+#include "ui/wizards/cendra/CendraTarget.h"
+
+#include <algorithm>
+
+namespace tarvex {
+
+namespace {
+
+constexpr const char* kElement = "Horizontal Pulse Width";
+constexpr const char* kRegister = "HS_Out_Width";
+
+}
+
+void CendraPulseWidth::Step(int step)
+{
+    IWizardHost& host = target_.Host();
+    const std::string element = kElement;
+    if (host.CurrentElement() != element || !host.IsCurrentSelected()) {
+        host.Services().prompts.Tell((step > 0 ? "Increasing the " : "Decreasing the ") + element +
+                                     " is only available when the " + element +
+                                     " is the selected configuration element");
+        return;
+    }
+    const auto pulse = host.Controller().GetI2CRegisterByName(kRegister);
+    const std::int32_t width = std::clamp(pulse->value() + step, pulse->MinValue(), pulse->MaxValue());
+    if (width == pulse->value()) {
+        host.Say(element + (step > 0 ? " is already at its maximum" : " is already at its minimum"));
+        return;
+    }
+    const std::int32_t before = pulse->value();
+    const auto write = [&] {
+        pulse->value(width);
+        pulse->WriteValue(host.Device(), target_.Aspi(*pulse));
+    };
+    try {
+        if (!host.Write("Cendra_Wizard::SyncPulseWidth", kRegister, write))
+            return;
+    } catch (...) {
+        pulse->value(before); // the next step goes on from what the board has
+        throw;
+    }
+    host.TellOtherViews(kRegisterChanged, kRegister);
+    host.SelectAgain(); // the bar shows this register, too
+}
+
+}

@@ -1,0 +1,55 @@
+#include "ui/wizards/cendra/CendraTarget.h"
+
+#include "base/Error.h"
+#include "base/Numbers.h"
+#include "comm/CalculateASPI.h"
+#include "comm/Enclosure.h"
+#include "shell/Document.h"
+#include "ui/wizards/cendra/CendraTree.h"
+
+#include <utility>
+
+namespace tarvex {
+
+void CendraTarget::Use(std::shared_ptr<Enclosure> enclosure)
+{
+    enclosure_ = std::move(enclosure);
+    slot_ = 0;
+    connector_ = kNoConnector;
+}
+
+const Enclosure& CendraTarget::TheEnclosure() const
+{
+    if (!enclosure_)
+        RaiseRuntime(kErrInvalidCall, "Cendra_Wizard::Enclosure");
+    return *enclosure_;
+}
+
+std::string CendraTarget::EnclosureName() const { return enclosure_ ? enclosure_->Name() : std::string(); }
+
+void CendraTarget::AddressController() const
+{
+    if (enclosure_)
+        host_->Controller().pid(enclosure_->ZorbusAddress());
+}
+
+bool CendraTarget::Choose(const std::string& key)
+{
+    const auto leaf = LeafOfKey(key);
+    if (!leaf || !enclosure_ || leaf->product >= enclosure_->GetProducts().size())
+        return false;
+    const std::int16_t perSlot = enclosure_->GetProducts()[leaf->product].product->ConnectorsPerSlot();
+    slot_ = static_cast<std::uint16_t>((leaf->connector - 1) / perSlot);
+    connector_ = static_cast<std::uint16_t>(leaf->connector);
+    host_->TheDocument().ShowTarget(enclosure_->ZorbusAddress(), leaf->connector);
+    return true;
+}
+
+std::int16_t CendraTarget::AspiAt(const RegisterObject& target, std::uint16_t connector) const
+{
+    if (connector == kNoConnector)
+        return kNoAspi;
+    return CalculateASPI(ToInt16(connector, "Cendra_Wizard::Aspi"), &target, TheEnclosure().EnclosureType());
+}
+
+}
