@@ -33,6 +33,28 @@ TEST(PacketLog, WritesEachKindOfLineAndContinuesAnExistingFile)
               "free  text\n");
 }
 
+TEST(Logs, KeepTheEntriesOfTwoProgramsWhole)
+{
+    const TemporaryFolder folder;
+    const auto log = [&](char letter) {
+        PosixFileSystem files;
+        for (int i = 0; i < 500; ++i)
+            ErrorLog(files, folder.File("log")).LogError(std::string(300, letter), letter, "source");
+    };
+    std::thread other(log, 'b');
+    log('a');
+    other.join();
+    const std::string text = folder.Read("log");
+    std::size_t whole = 0;
+    for (const char letter : {'a', 'b'}) {
+        const std::string entry =
+            "\n" + std::to_string(letter) + " raised from source\n" + std::string(300, letter) + "\n";
+        for (std::size_t at = 0; (at = text.find(entry, at)) != std::string::npos; at += entry.size())
+            ++whole;
+    }
+    EXPECT_EQ(whole, 1000U);
+}
+
 TEST(Logs, LeaveTheProgramAloneWhenTheyCannotBeWritten)
 {
     FakeFileSystem files;
