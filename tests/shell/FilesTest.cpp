@@ -1,11 +1,15 @@
 #include "base/Error.h"
+#include "platform/files/PosixFileSystem.h"
 #include "shell/ErrorLog.h"
 #include "shell/PacketLog.h"
 #include "shell/WorkingCopies.h"
 #include "support/FakeClock.h"
 #include "support/FakeFileSystem.h"
+#include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
+#include <string>
+#include <thread>
 
 namespace tarvex {
 namespace {
