@@ -13,7 +13,9 @@ export QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR="$tool"
 
 for drawing in "$here"/*.svg; do
     name=$(basename "$drawing" .svg)
-    "$tool/svg2jpeg" "$drawing" "$images/$name.jpg" 96
+    height=96
+    grep -q 'viewBox="0 0 176 132"' "$drawing" && height=264 # a help picture, twice the size at which it is shown
+    "$tool/svg2jpeg" "$drawing" "$images/$name.jpg" "$height"
 done
 for size in 16 32 48 64 128 256; do
     "$tool/svg2jpeg" "$icons/tarvex.svg" "$icons/tarvex-$size.png" "$size"

@@ -1,4 +1,4 @@
-// Paints a drawing in one size and saves it as the ending of the target says: svg2jpeg in.svg out.jpg|out.png pixels
+// Paints a drawing in one height and saves it as the ending of the target says: svg2jpeg in.svg out.jpg|out.png pixels
 #include <QGuiApplication>
 #include <QImage>
 #include <QImageReader>
@@ -11,7 +11,7 @@ int main(int argc, char** argv)
         return 2;
     QImageReader drawing(arguments[1], "svg");
     const int pixels = arguments[3].toInt();
-    drawing.setScaledSize(QSize(pixels, pixels));
+    drawing.setScaledSize(drawing.size().scaled(4 * pixels, pixels, Qt::KeepAspectRatio));
     const QImage picture = drawing.read();
     // The quality counts for JPEG alone; a PNG of quality 96 would be stored all but uncompressed.
     const int quality = arguments[2].endsWith(".jpg") ? 96 : -1;
