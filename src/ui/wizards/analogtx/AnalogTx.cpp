@@ -18,6 +18,12 @@ constexpr const char* kProduct = "Ossary-Plus";
 constexpr std::int16_t kAspi = 1; ///< of the board's one signal processor
 constexpr std::int32_t kNoPort = 0;
 
+FlashTexts AllFlashTexts()
+{
+    return {"AnalogTx Save To System",    "AnalogTx Save to System",    "Settings restored.",
+            " AnalogTx Restore Settings", " AnalogTx Restore Settings", "Failed to restore from flash."};
+}
+
 bool IsServed(const std::string& product) { return product == "Vexlon" || product == kProduct; }
 
 }
@@ -49,9 +55,7 @@ FlashSteps AnalogTx::Steps()
         unread_ = unread_ || restored;
         return restored;
     };
-    const FlashTexts texts{"AnalogTx Save To System",    "AnalogTx Save to System",    "Settings restored.",
-                           " AnalogTx Restore Settings", " AnalogTx Restore Settings", "Failed to restore from flash."};
-    return {[](SerialZorbus& link) { return link.ResetCache(); }, restore, [texts] { return texts; }};
+    return {[](SerialZorbus& link) { return link.ResetCache(); }, restore, AllFlashTexts};
 }
 
 void AnalogTx::Attach(IWizardHost& host)
