@@ -156,6 +156,11 @@ TEST_F(AnalogTxTest, AFileIsWrittenAfterTheTryAndAFailedRegisterIsTold)
     Select("Color_Gain");
     view_.MoveBar(50);
     Calls();
+    files_.files["/home/b.xml"] = InitFileBuilder().Text(); // of another board
+    prompts_.ExpectOpenFile("/home/b.xml");
+    prompts_.ExpectMessage("Unable to open file /home/b.xml. See TarvexError.log for details");
+    frame_.Open();
+    EXPECT_EQ(Calls(), "");
     prompts_.ExpectOpenFile("/home/a.xml");
     prompts_.ExpectMessage("error writing register to Ossary-Plus");
     frame_.Open();
@@ -185,6 +190,18 @@ TEST_F(AnalogTxTest, TheSettingsOfThePortAreTriedUntilTheBoardAnswers)
     Choose("SerialPortSettings");
     EXPECT_EQ(view_.Message(), "Failed to get current status of Color_Gain setting.");
     EXPECT_EQ(preferences_.serial.comPort, 3);
+}
+
+TEST_F(AnalogTxTest, ALostBoardLeavesThePortClosedAndOpensItWhenItAnswersAgain)
+{
+    Start("operation='WriteParameter' times='1'/><Fault operation='PingNode' after='1' times='2'");
+    Select("Color_Gain");
+    const auto port = [this] { return view_.valueText + view_.captions["Enable_DisableCOM"]; };
+    view_.MoveBar(50);
+    EXPECT_EQ(port(), "Communication Failure&Enable COM");
+    view_.MoveBar(51);
+    EXPECT_EQ(port(), "51&Disable COM");
+    EXPECT_EQ(view_.disabled, std::set<std::string>{"SerialPortSettings"});
 }
 
 TEST_F(AnalogTxTest, WithoutABoardOnlyThePortIsWithinReachAndAnotherLinkCanTakeItsPlace)
