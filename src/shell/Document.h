@@ -62,6 +62,8 @@ public:
     const std::string& initFilepath() const { return initFilepath_; }
     const std::shared_ptr<TarvexData>& initFile() const { return initFile_; }
     const std::string& TargetSaveFileName() const { return targetSaveFileName_; }
+    /// The data file that the command line named, as spelt there; empty when it named none.
+    const std::string& CommandLineDataFile() const { return commandLine_.dataFile; }
     IWizardView* CurrentWizForm() const { return currentWizard_; }
     void CurrentWizForm(IWizardView* wizard) { currentWizard_ = wizard; }
     /// Raises 5 before Run made it and after the self-test dropped it.

@@ -57,7 +57,12 @@ TEST_F(WizardRun, GoesFromChannelToChannelOfAFiberBoard)
     driver.WaitText("StatusBar1/Resolution", "257x257");
     driver.Item("ListView1/Height");
     driver.WaitText("StatusText", "257");
+    driver.Menu("Resolution0_2");
+    Answer(driver, "Use a default refresh rate of 60Hz?", "Return");
+    driver.WaitText("StatusBar1/Refresh", "60Hz");
+    EXPECT_EQ(driver.Text("StatusBar1/Resolution"), "1024x768"); // a box is no other view
     driver.Send({"close", "Vexlon_Wizard"});
+    Answer(driver, "Save  file before closing", "Escape");
     EXPECT_EQ(driver.ExitCode(), 0);
 }
 

@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCursor>
+#include <QElapsedTimer>
 #include <QKeySequence>
 #include <QTest>
 #include <QTimer>
@@ -126,15 +127,16 @@ void ClickItem(const std::string& name)
     ClickAt(*view->viewport(), view->visualRect(found.front()).center());
 }
 
-/// Moves the mouse on by a pixel each millisecond, whatever the program is doing, and lets go at the end.
-void DragOn(QWidget* window, QPoint from, QPoint to)
+/// Moves the mouse as time goes on, a pixel each millisecond, whatever the program is doing, and lets go at the end.
+void DragOn(QWidget* window, QPoint from, QPoint to, QElapsedTimer time)
 {
-    if (from.x() >= to.x()) {
+    const QPoint at = from + QPoint(static_cast<int>(time.elapsed()), 0);
+    if (at.x() >= to.x()) {
         QTest::mouseRelease(window->windowHandle(), Qt::LeftButton, {}, to);
         return;
     }
-    QTimer::singleShot(1, window, [=] { DragOn(window, from + QPoint(1, 0), to); });
-    QCursor::setPos(window->mapToGlobal(from));
+    QTimer::singleShot(1, window, [=] { DragOn(window, from, to, time); });
+    QCursor::setPos(window->mapToGlobal(at));
 }
 
 /// Drags the handle of a bar that stands at its left end to the right end.
@@ -144,7 +146,9 @@ void Drag(const std::string& name)
     QWidget* window = bar.window();
     const QPoint from = bar.mapTo(window, QPoint(bar.height() + 2, bar.height() / 2)); // beside the arrow
     QTest::mousePress(window->windowHandle(), Qt::LeftButton, {}, from);
-    DragOn(window, from, bar.mapTo(window, QPoint(bar.width() - 1, bar.height() / 2)));
+    QElapsedTimer time;
+    time.start();
+    DragOn(window, from, bar.mapTo(window, QPoint(bar.width() - 1, bar.height() / 2)), time);
 }
 
 using Input = void (*)(const std::string&);

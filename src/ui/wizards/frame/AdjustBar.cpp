@@ -8,6 +8,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
 #include <QTimer>
 
 #include <array>
@@ -82,6 +84,16 @@ void AdjustBar::State(const BarState& state)
     setPageStep(state.largeChange);
     setSingleStep(state.smallChange);
     setValue(state.position);
+}
+
+void AdjustBar::paintEvent(QPaintEvent* event)
+{
+    QScrollBar::paintEvent(event);
+    if (!hasFocus())
+        return;
+    QStyleOptionFocusRect option; // a bar as such does not show where the keyboard is
+    option.initFrom(this);
+    QStylePainter(this).drawPrimitive(QStyle::PE_FrameFocusRect, option);
 }
 
 void AdjustBar::keyPressEvent(QKeyEvent* event)

@@ -31,7 +31,8 @@ bool WizardFiles::IsAllowed(const std::string& path)
 
 std::optional<std::string> WizardFiles::AskOpenName()
 {
-    auto path = services_.prompts.AskOpenFile({"Open", folder_, "", kFilter, kExtension});
+    const std::string proposal = name_.empty() ? document_->CommandLineDataFile() : "";
+    auto path = services_.prompts.AskOpenFile({"Open", folder_, proposal, kFilter, kExtension});
     if (!path || path->empty() || !IsAllowed(*path))
         return std::nullopt;
     folder_ = FolderOf(*path);

@@ -47,7 +47,7 @@ public:
     /// Lets go of board and document; without effect the second time.
     void Unload();
 
-    /// Another window of the program, or nobody, had the keyboard before.
+    /// The window has got the keyboard, which another view of the program, or nobody, had before.
     void Activated();
 
     // What the user does.

@@ -115,17 +115,15 @@ bool WizardWindow::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowActivate)
         Activated();
-    if (event->type() == QEvent::WindowDeactivate) {
-        const QWidget* next = QApplication::activeWindow();
-        comesFromOtherWindow_ = next != nullptr && !next->isModal();
-    }
+    if (event->type() == QEvent::WindowDeactivate)
+        comesFromOtherView_ = qobject_cast<const QMainWindow*>(QApplication::activeWindow()) != nullptr;
     return QMainWindow::event(event);
 }
 
 void WizardWindow::Activated()
 {
-    // Neither a question that this window asks nor another program is a change of the view.
-    if (std::exchange(comesFromOtherWindow_, false))
+    // Neither a box, nor help, nor another program is a change of the view.
+    if (std::exchange(comesFromOtherView_, false))
         frame_.Activated();
 }
 

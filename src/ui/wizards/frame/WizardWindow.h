@@ -128,7 +128,7 @@ private:
     PictureTile* connected_ = nullptr;
     QMap<QString, QLabel*> panels_; ///< those that the product describes
     QTimer StatusBarRefreshTimer;
-    bool comesFromOtherWindow_ = true; ///< when it gets the keyboard the next time
+    bool comesFromOtherView_ = true; ///< when it gets the keyboard the next time
     Subscription elementClicked_;
     Subscription nodeClicked_;
 };
