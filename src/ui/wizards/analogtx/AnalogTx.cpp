@@ -1,5 +1,6 @@
 #include "ui/wizards/analogtx/AnalogTx.h"
 
+#include "base/Error.h"
 #include "comm/SerialZorbus.h"
 #include "model/RegisterObject.h"
 #include "shell/Document.h"
@@ -16,6 +17,12 @@ namespace {
 constexpr const char* kProduct = "Ossary-Plus";
 constexpr std::int16_t kAspi = 1; ///< of the board's one signal processor
 constexpr std::int32_t kNoPort = 0;
+
+FlashTexts AllFlashTexts()
+{
+    return {"AnalogTx Save To System",    "AnalogTx Save to System",    "Settings restored.",
+            " AnalogTx Restore Settings", " AnalogTx Restore Settings", "Failed to restore from flash."};
+}
 
 bool IsServed(const std::string& product) { return product == "Vexlon" || product == kProduct; }
 
@@ -48,9 +55,7 @@ FlashSteps AnalogTx::Steps()
         unread_ = unread_ || restored;
         return restored;
     };
-    const FlashTexts texts{"AnalogTx Save To System",    "AnalogTx Save to System",    "Settings restored.",
-                           " AnalogTx Restore Settings", " AnalogTx Restore Settings", "Failed to restore from flash."};
-    return {[](SerialZorbus& link) { return link.ResetCache(); }, restore, [texts] { return texts; }};
+    return {[](SerialZorbus& link) { return link.ResetCache(); }, restore, AllFlashTexts};
 }
 
 void AnalogTx::Attach(IWizardHost& host)
@@ -66,7 +71,8 @@ bool AnalogTx::Init(const std::shared_ptr<IProduct>&)
     linkChanged_ = host_->TheDocument().CommLinkChanged.Subscribe(
         [this](const std::shared_ptr<IDevice>& device) { r_document_CommLinkChanged(device); });
     menu_.HandOverSettings();
-    unread_ = !host_->EnsureLink(); // the main window reads the board when the link to it comes up
+    // The main window reads the transmitter when the link to it comes up.
+    unread_ = !host_->EnsureLink() || !menu_.Link();
     return true;
 }
 
@@ -127,11 +133,25 @@ std::string AnalogTx::UnreadMessage(const std::string& element)
 bool AnalogTx::OpenFile(const std::string& path)
 {
     IConfigController& controller = host_->Controller();
+    if (!IsOfThisBoard(path))
+        return false;
     const std::int32_t nodeId = controller.pid();
     const bool isLoaded = BoardLoading(*host_, controller.deviceName(), Aspi()).Load(path);
     controller.pid(nodeId);
     unread_ = unread_ && !isLoaded;
     return isLoaded;
+}
+
+/// The registers of another board would be written to whatever stands at their addresses in this one.
+bool AnalogTx::IsOfThisBoard(const std::string& path)
+{
+    const WizardServices& services = host_->Services();
+    const std::string product = host_->Controller().deviceName();
+    if (!services.files.FileExists(path) || host_->TheDocument().initFile()->CheckForProduct(path, product))
+        return true;
+    services.errorLog.LogError(path + " holds no settings of " + product, ObjectError(6), "AnalogTx_Wizard::OpenFile");
+    services.prompts.Tell("Unable to open file " + path + ". See TarvexError.log for details");
+    return false;
 }
 
 void AnalogTx::MakeCurrentAgain()

@@ -47,6 +47,7 @@ public:
 private:
     std::int16_t Aspi() const;
     FlashSteps Steps();
+    bool IsOfThisBoard(const std::string& path);
     void MakeCurrentAgain();
     void CatchUp();
 

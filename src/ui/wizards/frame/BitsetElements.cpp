@@ -7,7 +7,7 @@
 #include "model/TarvexProperty.h"
 #include "ui/wizards/frame/IWizardHost.h"
 
-#include <ranges>
+#include <algorithm>
 #include <vector>
 
 namespace tarvex {
@@ -19,7 +19,7 @@ constexpr std::int32_t kNanosecondsPerStep = 2;
 constexpr std::int64_t kMostBits = 31; ///< of a value that fits 32 bits signed
 constexpr std::size_t kMostFields = 7; ///< more bytes would not even be added up in 64 bits
 
-/// The registers that hold an element, lowest byte first.
+/// The registers that hold an element, highest byte first.
 std::vector<std::shared_ptr<RegisterObject>> RegistersOf(IConfigController& controller, const std::string& element)
 {
     std::vector<std::string> names;
@@ -30,6 +30,7 @@ std::vector<std::shared_ptr<RegisterObject>> RegistersOf(IConfigController& cont
     registers.reserve(names.size());
     for (const std::string& name : names)
         registers.push_back(controller.GetI2CRegisterByName(name));
+    std::reverse(registers.begin(), registers.end());
     return registers;
 }
 
@@ -49,7 +50,7 @@ ElementBounds BitsetElements::Bounds(const std::string& element) const
 std::int32_t BitsetElements::Read(const std::string& element) const
 {
     std::int64_t value = 0;
-    for (const auto& each : std::views::reverse(RegistersOf(host_->Controller(), element)))
+    for (const auto& each : RegistersOf(host_->Controller(), element))
         value = (value << kByteBits) + each->ReadValue(host_->Device(), aspiOf_(*each));
     return ToInt32(value, "BitsetElements::Read");
 }
@@ -59,7 +60,7 @@ void BitsetElements::Write(const std::string& element, std::int32_t value) const
     const auto registers = RegistersOf(host_->Controller(), element);
     auto shift = static_cast<int>(registers.size()) * kByteBits;
     std::int64_t rest = value;
-    for (const auto& each : std::views::reverse(registers)) {
+    for (const auto& each : registers) {
         shift -= kByteBits;
         const std::int64_t part = rest >> shift;
         rest -= part << shift;

@@ -55,11 +55,10 @@ void SerialWizardMenu::DeviceBound(const std::shared_ptr<IDevice>& device)
         [this](const CommSettings& settings) { ehSerialZorbus_SerialSettingChanged(settings); }));
 }
 
-void SerialWizardMenu::MenusEnabled(bool enabled)
+void SerialWizardMenu::MenusEnabled(bool)
 {
-    SerialZorbus* link = Link();
-    if (!enabled && link && !link->IsConnected())
-        host_->View().CaptionEntry(kPort, kEnable); // the way back after a start without a board
+    if (SerialZorbus* link = Link()) // a board that answers again is connected without an event
+        ShowPort(link->IsConnected());
 }
 
 SerialZorbus* SerialWizardMenu::Link() const
@@ -105,7 +104,7 @@ void SerialWizardMenu::Enable_DisableCOM_Click()
         if (Connect()) {
             host_->CheckConnection();
         } else {
-            host_->View().EnableEntry(kSettings, true);
+            ShowPort(false);
             host_->View().BlockEntry(kSettings, false); // it may be the wrong port
             host_->Services().prompts.Tell("Unable to connect to COM" + std::to_string(settings_.comPort));
         }

@@ -54,14 +54,14 @@ protected:
     ~AnalogTxTest() override { frame_.Unload(); }
 
     /// Starts with calls of the network that fail, such as "operation='PingNode'".
-    void Start(const std::string& faults = {}, const std::string& link = kSerialDeviceType)
+    void Start(const std::string& faults = {})
     {
         std::string& network = files_.files["/prog/ZorbusNetwork.xml"];
         network.insert(network.find("<Wait"), faults.empty() ? "" : "<Fault " + faults + "/>");
         document_ = std::make_unique<Document>(services_);
         document_->Run(mainView_);
         document_->controller().GetDeviceNames(kAllOptions, kRegisterProtocol); // as the main window does
-        document_->SelectCommLink(link);
+        document_->SelectCommLink(kSerialDeviceType);
         document_->controller().InitDevice("Ossary-Plus");
         for (const MenuEntry& each : frame_.Description().options) {
             entries_[each.name] = each.chosen;
@@ -77,11 +77,9 @@ protected:
     std::string Calls()
     {
         std::string calls;
-        for (const std::string& line : Split(std::exchange(files_.files["journal"], ""), "\n")) {
-            const auto fields = Split(line, ", ");
-            calls += line.substr(0, line.find('('));
-            calls += fields.size() > 4 ? ":" + fields[2] + ":" + fields[4] + " " : line.empty() ? "" : " ";
-        }
+        for (const std::string& line : Split(std::exchange(files_.files["journal"], ""), "\n"))
+            if (const auto fields = Split(line, ", "); !line.empty())
+                calls += line.substr(0, line.find('(')) + (fields.size() > 4 ? fields[2] + ":" + fields[4] : "") + " ";
         return calls;
     }
     std::int32_t Value(const std::string& name) { return document_->controller().GetI2CRegisterByName(name)->value(); }
@@ -105,11 +103,11 @@ TEST_F(AnalogTxTest, ElementsAreTransferredHighestByteFirstAtTheOneSignalProcess
     Start();
     EXPECT_EQ(view_.tree.size(), 1U);
     Select("Horizontal Position");
-    EXPECT_EQ(Calls(), "ReadParameter:1:0x21 ReadParameter:1:0x20 ");
+    EXPECT_EQ(Calls(), "ReadParameter1:0x21 ReadParameter1:0x20 ");
     EXPECT_EQ(view_.bar.maximum, 0x7FF);
     EXPECT_EQ(view_.bar.position, 0x90);
     view_.MoveBar(0x234);
-    EXPECT_EQ(Calls(), "WriteParameter:1:0x21 WriteParameter:1:0x20 ");
+    EXPECT_EQ(Calls(), "WriteParameter1:0x21 WriteParameter1:0x20 ");
     EXPECT_EQ(Value("H_Pos_MSB") << 8 | Value("H_Pos_LSB"), 0x234);
     EXPECT_EQ(journal_.back(), "main: UpdateUI 2 Horizontal Position");
     Select("Green_Skew");
@@ -119,51 +117,35 @@ TEST_F(AnalogTxTest, ElementsAreTransferredHighestByteFirstAtTheOneSignalProcess
     EXPECT_TRUE(Calls().ends_with("PingNode "));
 }
 
-TEST_F(AnalogTxTest, TheDemoBoardHasNoSignalProcessorFlashOrLog)
-{
-    Start("", "Demo");
-    Select("Color_Gain");
-    EXPECT_EQ(demo_->transfers.back().aspi, kNoAspi);
-    Choose("SyncToFlash");
-    prompts_.ExpectMessage("Logging not supported in demo mode.");
-    Choose("StartLogging");
-    EXPECT_EQ(Calls(), "");
-}
-
 TEST_F(AnalogTxTest, SavedSettingsComeBackAndTheDataFileIsDropped)
 {
     Start();
     Select("Color_Gain");
     view_.MoveBar(100);
-    prompts_.ExpectMessage("Success saving settings.");
     Calls();
+    prompts_.ExpectMessage("Success saving settings.");
     Choose("SyncToFlash");
-    EXPECT_EQ(Calls(), "CommandNode ");
-    EXPECT_EQ(view_.Message(), "Flash synced.");
+    EXPECT_EQ(Calls() + view_.Message(), "CommandNode Flash synced.");
     prompts_.ExpectSaveFile("/home/a.xml");
     frame_.SaveAs();
     view_.MoveBar(50);
     prompts_.ExpectMessage("Success restoring settings.");
     Choose("RestoreFlash");
-    EXPECT_EQ(prompts_.messages.back().title, " AnalogTx Restore Settings");
     EXPECT_EQ(view_.bar.position, 100);
-    EXPECT_EQ(view_.title, "Tarvex");
-    EXPECT_EQ(view_.Message(), "Settings restored.");
+    EXPECT_EQ(view_.title + ": " + view_.Message(), "Tarvex: Settings restored.");
 }
 
 TEST_F(AnalogTxTest, ACacheCommandThatFailsIsToldAndChangesNothing)
 {
     Start("operation='CommandNode'");
-    Select("Color_Gain");
-    view_.MoveBar(50);
-    prompts_.ExpectMessage("Failed to sync to flash");
-    Choose("SyncToFlash");
-    EXPECT_EQ(prompts_.messages.back().title, "AnalogTx Save to System");
-    Calls();
-    prompts_.ExpectMessage("Failed to restore from flash.");
-    Choose("RestoreFlash");
-    EXPECT_EQ(Calls(), "CommandNode ");
-    EXPECT_EQ(view_.bar.position, 50);
+    for (const auto& [entry, text, title] :
+         {std::array{"SyncToFlash", "Failed to sync to flash", "AnalogTx Save to System"},
+          {"RestoreFlash", "Failed to restore from flash.", " AnalogTx Restore Settings"}}) {
+        prompts_.ExpectMessage(text);
+        Choose(entry);
+        EXPECT_EQ(prompts_.messages.back().title, title);
+        EXPECT_EQ(Calls(), "CommandNode ");
+    }
 }
 
 TEST_F(AnalogTxTest, AFileIsWrittenAfterTheTryAndAFailedRegisterIsTold)
@@ -174,12 +156,16 @@ TEST_F(AnalogTxTest, AFileIsWrittenAfterTheTryAndAFailedRegisterIsTold)
     Select("Color_Gain");
     view_.MoveBar(50);
     Calls();
+    files_.files["/home/b.xml"] = InitFileBuilder().Text(); // of another board
+    prompts_.ExpectOpenFile("/home/b.xml");
+    prompts_.ExpectMessage("Unable to open file /home/b.xml. See TarvexError.log for details");
+    frame_.Open();
+    EXPECT_EQ(Calls(), "");
     prompts_.ExpectOpenFile("/home/a.xml");
     prompts_.ExpectMessage("error writing register to Ossary-Plus");
     frame_.Open();
     const std::string calls = Calls();
-    EXPECT_TRUE(calls.starts_with("WriteParameter:1:0x8 ReadParameter:1:0x8 WriteParameter:1:0x8 ")) << calls;
-    EXPECT_NE(calls.find("WriteParameter:1:0x14 WriteParameter:1:0x15 "), std::string::npos) << calls;
+    EXPECT_TRUE(calls.starts_with("WriteParameter1:0x8 ReadParameter1:0x8 WriteParameter1:0x8 ")) << calls;
     EXPECT_EQ(view_.bar.position, 0x40);
 }
 
@@ -189,7 +175,6 @@ TEST_F(AnalogTxTest, TheSettingsOfThePortAreTriedUntilTheBoardAnswers)
     Select("Color_Gain");
     view_.MoveBar(50);
     Choose("Enable_DisableCOM");
-    EXPECT_EQ(view_.captions["Enable_DisableCOM"], "&Enable COM");
     EXPECT_FALSE(view_.disabled.contains("SerialPortSettings"));
     ports_ = {3, 1};
     const std::string question =
@@ -197,7 +182,6 @@ TEST_F(AnalogTxTest, TheSettingsOfThePortAreTriedUntilTheBoardAnswers)
     prompts_.ExpectMessage(question, Answer::Yes);
     Choose("SerialPortSettings");
     EXPECT_EQ(view_.captions["Enable_DisableCOM"], "&Disable COM");
-    EXPECT_TRUE(view_.disabled.contains("SerialPortSettings"));
     EXPECT_EQ(Value("Color_Gain"), 50); // the registers were made anew, and read
     EXPECT_EQ(document_->controller().pid(), 0x333);
     Choose("Enable_DisableCOM");
@@ -208,7 +192,19 @@ TEST_F(AnalogTxTest, TheSettingsOfThePortAreTriedUntilTheBoardAnswers)
     EXPECT_EQ(preferences_.serial.comPort, 3);
 }
 
-TEST_F(AnalogTxTest, WithoutABoardOnlyThePortIsWithinReach)
+TEST_F(AnalogTxTest, ALostBoardLeavesThePortClosedAndOpensItWhenItAnswersAgain)
+{
+    Start("operation='WriteParameter' times='1'/><Fault operation='PingNode' after='1' times='2'");
+    Select("Color_Gain");
+    const auto port = [this] { return view_.valueText + view_.captions["Enable_DisableCOM"]; };
+    view_.MoveBar(50);
+    EXPECT_EQ(port(), "Communication Failure&Enable COM");
+    view_.MoveBar(51);
+    EXPECT_EQ(port(), "51&Disable COM");
+    EXPECT_EQ(view_.disabled, std::set<std::string>{"SerialPortSettings"});
+}
+
+TEST_F(AnalogTxTest, WithoutABoardOnlyThePortIsWithinReachAndAnotherLinkCanTakeItsPlace)
 {
     preferences_.serial.comPort = 3;
     prompts_.ExpectMessage("Unable to establish communication with Ossary-Plus");
@@ -220,10 +216,13 @@ TEST_F(AnalogTxTest, WithoutABoardOnlyThePortIsWithinReach)
     Choose("Enable_DisableCOM");
     ports_ = {1};
     Choose("SerialPortSettings");
-    EXPECT_TRUE(view_.barEnabled);
-    EXPECT_FALSE(view_.disabled.contains("File"));
+    EXPECT_EQ(view_.disabled, (std::set<std::string>{"SerialPortSettings", "Undo"}));
     document_->SelectCommLink("Demo");
     EXPECT_EQ(view_.Message(), "Serial port connected on COM 0");
+    Select("Color_Gain");
+    EXPECT_EQ(demo_->transfers.back().aspi, kNoAspi);
+    prompts_.ExpectMessage("Logging not supported in demo mode.");
+    Choose("StartLogging");
 }
 
 }
