@@ -47,12 +47,9 @@ public:
     std::vector<XmlElement> Children() const;
     std::vector<XmlElement> Children(std::string_view tag) const;
     XmlElement AddChild(std::string_view tag, std::string_view content = {});
-    /// Copies another element, of this or another document, with all below it as a new last child.
-    XmlElement AddCopy(const XmlElement& source);
     /// Adds a part of the document that these bytes, which were loaded before, hold: the element that `choose` finds
-    /// below the document's root becomes a new last child. That
-    /// takes half the time of loading the other document and copying. None when the bytes cannot be taken in or nothing
-    /// was chosen.
+    /// below the document's root becomes a new last child. None when
+    /// the bytes cannot be taken in or nothing was chosen.
     XmlElement AddPart(std::string_view bytes, const std::function<XmlElement(XmlElement root)>& choose);
 
     /// All elements below this one with the tag, at any depth, in document order.

@@ -130,11 +130,6 @@ XmlElement XmlElement::AddChild(std::string_view tag, std::string_view content)
     return child;
 }
 
-XmlElement XmlElement::AddCopy(const XmlElement& source)
-{
-    return XmlElement(pugi::xml_node(node_).append_copy(pugi::xml_node(source.node_)).internal_object());
-}
-
 XmlElement XmlElement::AddPart(std::string_view bytes, const std::function<XmlElement(XmlElement root)>& choose)
 {
     bytes = WithoutMark(bytes);

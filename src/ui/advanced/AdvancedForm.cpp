@@ -12,16 +12,31 @@
 
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QUrl>
 
 #include <algorithm>
 
 namespace tarvex {
 
-AdvancedForm::AdvancedForm(AdvancedFormServices services) : services_(services)
+namespace {
+
+/// The file that is dragged; empty for several of them, and for anything else.
+std::string DraggedFile(const QDropEvent& event)
+{
+    const QList<QUrl> urls = event.mimeData()->urls();
+    return urls.size() == 1 ? FromQt(urls.front().toLocalFile()) : std::string();
+}
+
+}
+
+AdvancedForm::AdvancedForm(AdvancedFormServices services)
+    : services_(services), recentFiles_(services.settings, services.files)
 {
     setObjectName("AdvancedForm");
     StatusBarRefreshTimer.setObjectName("StatusBarRefreshTimer");
@@ -30,6 +45,8 @@ AdvancedForm::AdvancedForm(AdvancedFormServices services) : services_(services)
     BuildControls();
     BuildStatusBar();
     ConnectControls();
+    setAcceptDrops(true);
+    recentFilesChanged_ = recentFiles_.Changed.Subscribe([this] { menus_->ShowRecentFiles(recentFiles_.Paths()); });
     busyChanged_ = services_.busy.Changed.Subscribe([this](bool busy) { menus_->Enable(!busy); });
 }
 
@@ -42,6 +59,7 @@ MainMenuHandlers AdvancedForm::MenuHandlers()
     handlers.save = [this] { files_->Save(); };
     handlers.saveAs = [this] { files_->SaveAs(); };
     handlers.quit = [this] { Quit(); };
+    handlers.recentFile = [this](const std::string& path) { files_->OpenRecent(path); };
     handlers.product = [this](const std::string& product) { board_->SelectProduct(product); };
     handlers.link = [this](const std::string& link) { board_->SelectLink(link); };
     handlers.autoLoadFileOpen = [this](bool on) { services_.preferences.autoLoadFileOpen = on; };
@@ -93,6 +111,7 @@ void AdvancedForm::ApplyPreferences()
     menus_->Check("AutoConnect", preferences.autoConnect);
     menus_->Check("AutoLoadFileOpen", preferences.autoLoadFileOpen);
     ShowTarget(preferences.lastZorbusId, preferences.lastChannel);
+    recentFiles_.Load();
 }
 
 void AdvancedForm::EnableTransfers(bool enabled)
@@ -129,7 +148,7 @@ void AdvancedForm::Init(IConfigController&, std::shared_ptr<IDevice>)
 {
     IRegisterView& view = *this;
     board_ = std::make_unique<BoardActions>(*document_, view, ActionServices());
-    files_ = std::make_unique<FileActions>(*document_, *board_, services_.prompts, *this,
+    files_ = std::make_unique<FileActions>(*document_, *board_, services_.prompts, *this, recentFiles_,
                                            [this](const std::string& path) { WriteDataFile(path); });
     files_->StartFolder(fileFolder_);
     edited_ = grid_->Edited.Subscribe(
@@ -148,7 +167,7 @@ void AdvancedForm::FocusView()
     activateWindow();
 }
 
-void AdvancedForm::OpenDataFile(const std::string& path) { board_->OpenDataFile(path); }
+void AdvancedForm::OpenDataFile(const std::string& path) { files_->OpenAtStart(path); }
 
 bool AdvancedForm::ConfirmClose() { return !files_ || files_->ConfirmClose(); }
 
@@ -306,6 +325,24 @@ void AdvancedForm::closeEvent(QCloseEvent* event)
         hide();
         Unload();
         ExitApplication(0, this);
+    });
+}
+
+void AdvancedForm::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (files_ && !services_.busy.IsBusy() && !DraggedFile(*event).empty())
+        event->acceptProposedAction();
+}
+
+void AdvancedForm::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    // Later: the program that the file comes from waits until this returns.
+    QTimer::singleShot(0, this, [this, path = DraggedFile(*event)] {
+        Guarded([&] {
+            if (files_ && !services_.busy.IsBusy())
+                files_->OpenChosen(path);
+        });
     });
 }
 

@@ -10,6 +10,7 @@
 #include "platform/IWait.h"
 #include "shell/IMainView.h"
 #include "shell/Preferences.h"
+#include "shell/RecentFiles.h"
 #include "ui/advanced/BoardActions.h"
 #include "ui/advanced/FileActions.h"
 #include "ui/advanced/IRegisterView.h"
@@ -97,6 +98,8 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     // IRegisterView
@@ -149,9 +152,11 @@ private:
 
     Document* document_ = nullptr;
     std::string fileFolder_;
+    RecentFiles recentFiles_;
     std::unique_ptr<BoardActions> board_;
     std::unique_ptr<FileActions> files_;
     Subscription busyChanged_;
+    Subscription recentFilesChanged_;
     Subscription edited_;
     Subscription readRequested_;
 };

@@ -43,6 +43,8 @@ void AdvancedForm::BuildControls()
     TXT_ChannelLabel->setText("Channel:");
     TXT_ChannelNum = Add<QLineEdit>(*page, "TXT_ChannelNum", "Connector on the enclosure");
     FitTo(*TXT_ChannelNum, "00000");
+    for (QLineEdit* field : {TXT_ZorbusID, TXT_ChannelNum})
+        field->setAcceptDrops(false); // a file dropped here is one dropped on the window
     CHK_RealTime = Add<QCheckBox>(*page, "CHK_RealTime", "Real Time Update");
     CHK_RealTime->setText("Real Time Update");
     CHK_RealTime->setToolTip("Write each edited register to the board at once");

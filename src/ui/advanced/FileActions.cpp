@@ -19,8 +19,28 @@ void FileActions::Open()
     const auto path = prompts_.AskOpenFile({"Open", folder_, "", kFilter, kExtension});
     if (!path || path->empty())
         return;
-    folder_ = FolderOf(*path);
-    board_.OpenDataFile(*path);
+    OpenChosen(*path);
+}
+
+void FileActions::OpenChosen(const std::string& path)
+{
+    board_.LeaveRealTime();
+    folder_ = FolderOf(path);
+    OpenAtStart(path);
+}
+
+void FileActions::OpenRecent(const std::string& path)
+{
+    if (recent_.IsThere(path))
+        return OpenChosen(path);
+    recent_.Drop(path);
+    prompts_.Tell("The file " + path + " is no longer there.");
+}
+
+void FileActions::OpenAtStart(const std::string& path)
+{
+    if (board_.OpenDataFile(path))
+        recent_.Add(path);
 }
 
 bool FileActions::Save()
@@ -64,6 +84,7 @@ bool FileActions::Write(const std::string& path)
     }
     folder_ = FolderOf(path);
     board_.Saved(path);
+    recent_.Add(path);
     statusLine_.DisplayStatusMessage(path + " saved.");
     return true;
 }

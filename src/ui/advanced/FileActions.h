@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/IUserPrompts.h"
+#include "shell/RecentFiles.h"
 #include "ui/advanced/BoardActions.h"
 
 #include <functional>
@@ -14,13 +15,20 @@ class FileActions {
 public:
     /// `write` writes the current settings to a path and raises when that fails.
     FileActions(Document& document, BoardActions& board, IUserPrompts& prompts, IStatusLine& statusLine,
-                std::function<void(const std::string&)> write)
-        : document_(document), board_(board), prompts_(prompts), statusLine_(statusLine), write_(std::move(write))
+                RecentFiles& recent, std::function<void(const std::string&)> write)
+        : document_(document), board_(board), prompts_(prompts), statusLine_(statusLine), recent_(recent),
+          write_(std::move(write))
     {}
 
     /// The folder in which the file dialog opens first.
     void StartFolder(std::string folder) { folder_ = std::move(folder); }
     void Open();
+    /// Opens a file that the user chose without the dialog; the rest is as in Open.
+    void OpenChosen(const std::string& path);
+    /// Opens a file of the recent ones. One that is gone leaves them, and the user is told.
+    void OpenRecent(const std::string& path);
+    /// Opens the file of the command line.
+    void OpenAtStart(const std::string& path);
     /// Writes to the current file when something was edited; asks for a name when there is none. False when not
     /// written.
     bool Save();
@@ -37,6 +45,7 @@ private:
     BoardActions& board_;
     IUserPrompts& prompts_;
     IStatusLine& statusLine_;
+    RecentFiles& recent_;
     std::function<void(const std::string&)> write_;
     std::string folder_;
 };

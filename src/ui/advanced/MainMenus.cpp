@@ -7,6 +7,17 @@
 
 namespace tarvex {
 
+namespace {
+
+void RemoveEntry(QMenu& menu, QAction& entry)
+{
+    menu.removeAction(&entry);
+    entry.setObjectName({});
+    entry.deleteLater(); // the one that was chosen may be at work
+}
+
+}
+
 MainMenus::MainMenus(QMenuBar& bar, BusyState& busy, MainMenuHandlers handlers)
     : bar_(bar), busy_(busy), handlers_(std::move(handlers))
 {
@@ -72,6 +83,22 @@ void MainMenus::AddHelpMenu()
     AddEntry(menu, "VersionDlg", "Version Info", handlers_.version);
 }
 
+void MainMenus::ShowRecentFiles(const std::vector<std::string>& paths)
+{
+    auto* menu = bar_.findChild<QMenu*>("File");
+    const QList<QAction*> entries = menu->actions();
+    const qsizetype own = entries.indexOf(Entry("Quit")) + 1;
+    for (QAction* old : entries.mid(own))
+        RemoveEntry(*menu, *old);
+    if (!paths.empty())
+        menu->addSeparator();
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        const std::string name = "RecentFile_" + std::to_string(i);
+        const QString caption = QString("&%1  ").arg(i + 1) + ToQt(paths[i]).replace("&", "&&");
+        AddEntry(*menu, name.c_str(), caption, [this, path = paths[i]] { handlers_.recentFile(path); });
+    }
+}
+
 QAction* MainMenus::Entry(const char* name) const { return bar_.findChild<QAction*>(name); }
 
 void MainMenus::Enable(bool enabled)
@@ -102,11 +129,8 @@ void MainMenus::ShowChoices(const char* menu, const char* entry, const std::vect
                             const QString& whenEmpty, const std::function<void(const std::string&)>& chosen)
 {
     auto* shown = bar_.findChild<QMenu*>(menu);
-    for (QAction* old : shown->actions()) {
-        shown->removeAction(old);
-        old->setObjectName({});
-        old->deleteLater(); // the one that was chosen may be at work
-    }
+    for (QAction* old : shown->actions())
+        RemoveEntry(*shown, *old);
     if (choices.empty()) {
         QAction& none = AddEntry(*shown, (std::string(entry) + "0").c_str(), whenEmpty, [] {});
         none.setEnabled(false);

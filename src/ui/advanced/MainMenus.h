@@ -14,7 +14,7 @@ namespace tarvex {
 /// What the entries of the main window's menus do.
 struct MainMenuHandlers {
     std::function<void()> open, save, saveAs, quit;
-    std::function<void(const std::string&)> product, link;
+    std::function<void(const std::string&)> recentFile, product, link;
     std::function<void(bool)> autoLoadFileOpen, autoConnect;
     std::function<void()> serialSettings;
     std::function<void()> helpContents, hotKeys, version;
@@ -27,6 +27,8 @@ public:
 
     /// All top menus together.
     void Enable(bool enabled);
+    /// The files below Quit, in this order.
+    void ShowRecentFiles(const std::vector<std::string>& paths);
     void ShowProducts(const std::vector<MenuChoice>& products);
     void ShowLinks(const std::vector<MenuChoice>& links);
     void Check(const char* entry, bool checked);

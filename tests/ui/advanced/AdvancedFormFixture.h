@@ -31,7 +31,8 @@ public:
 /// The main window as start-up leaves it, with the shipped init file. Its controls are found by name only.
 class AdvancedFormTest : public testing::Test, protected DocumentFakes {
 protected:
-    AdvancedFormTest()
+    /// Saves go to the disk that is given, else to the files in memory.
+    explicit AdvancedFormTest(IFileSystem* disk = nullptr) : disk_(disk ? *disk : files_)
     {
         std::ifstream shipped(TARVEX_SHARE "/Tarvex.xml", std::ios::binary);
         InitFile() = {std::istreambuf_iterator<char>(shipped), {}};
@@ -121,12 +122,13 @@ protected:
         EXPECT_EQ(box.text(), digits);
     }
 
+    IFileSystem& disk_;
     FakeSettingsStore settings_;
     BusyState busy_;
     QtWait wait_{busy_};
     FakeDeviceChanges deviceChanges_;
     AdvancedForm form_{
-        {state_, preferences_, settings_, files_, clock_, prompts_, errors_, wait_, busy_, deviceChanges_}};
+        {state_, preferences_, settings_, disk_, clock_, prompts_, errors_, wait_, busy_, deviceChanges_}};
     std::unique_ptr<Startup> startup_;
 };
 

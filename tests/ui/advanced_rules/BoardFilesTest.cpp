@@ -1,3 +1,4 @@
+#include "support/FakeSettingsStore.h"
 #include "ui/advanced/FileActions.h"
 #include "ui/advanced_rules/BoardFixture.h"
 
@@ -22,7 +23,7 @@ protected:
 
     FileActions Files()
     {
-        return {*document_, *board_, prompts_, screen_, [this](const std::string& path) { Save(path); }};
+        return {*document_, *board_, prompts_, screen_, recent_, [this](const std::string& path) { Save(path); }};
     }
 
     void Save(const std::string& path)
@@ -32,6 +33,8 @@ protected:
         saved_.push_back(path);
     }
 
+    FakeSettingsStore settings_;
+    RecentFiles recent_{settings_, files_};
     bool diskIsFull_ = false;
     Names saved_;
 };
