@@ -36,11 +36,28 @@ void Classify(const std::string& spelt, CommandLine& line, IUserPrompts& prompts
         RefuseSwitch(piece, line, prompts);
 }
 
+/// Takes a file off the beginning that is named by its whole path, as desktops do: letters and dashes in its name are
+/// no switches. Empty when there is none.
+std::string TakeWholePath(std::string_view& text)
+{
+    constexpr std::string_view kEnding = ".xml";
+    if (!text.starts_with('/'))
+        return {};
+    const std::string lower = ToLower(text) + ' ';
+    const auto end = lower.find(std::string(kEnding) + ' ');
+    if (end == std::string::npos)
+        return {};
+    const std::string path(text.substr(0, end + kEnding.size()));
+    text.remove_prefix(path.size());
+    return path;
+}
+
 }
 
 CommandLine ParseCommandLine(std::string_view text, IUserPrompts& prompts)
 {
     CommandLine line;
+    line.dataFile = TakeWholePath(text);
     for (const std::string& part : Split(text, " -")) {
         std::string_view piece = TrimBlanks(part);
         if (piece.empty())
