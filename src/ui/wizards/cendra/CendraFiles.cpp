@@ -43,7 +43,7 @@ bool CendraFiles::Apply(const std::string& path)
         Raise(ObjectError(1), kSource, "The file " + path + " is missing or too old");
     const auto tree = file.Tree(); // made once for the steps below
     const auto saved = EnclosureIn(file);
-    if (!IsCompatible(path, *saved))
+    if (!IsCompatible(file, *saved))
         return false;
     if (!host.Controller().InitDeviceFromFile(path))
         Raise(ObjectError(1), kSource, "The file " + path + " cannot be used for this product");
@@ -71,15 +71,19 @@ std::shared_ptr<Enclosure> CendraFiles::EnclosureIn(const TarvexData& file) cons
     return found;
 }
 
-bool CendraFiles::IsCompatible(const std::string& path, const Enclosure& saved) const
+/// A file of other boards in an enclosure like this one would be written to whatever stands at its addresses.
+bool CendraFiles::IsCompatible(const TarvexData& file, const Enclosure& saved) const
 {
     IWizardHost& host = target_.Host();
     const Enclosure& live = target_.TheEnclosure();
-    const std::string difference = CompatableEnclosureConfig(saved, live, *host.TheDocument().initFile());
+    const std::string device = host.Controller().deviceName();
+    std::string difference = CompatableEnclosureConfig(saved, live, *host.TheDocument().initFile());
+    if (difference.empty() && !file.CheckForProduct(file.Path(), device))
+        difference = "it holds no settings of " + device;
     if (difference.empty())
         return true;
-    host.Services().prompts.Tell("The file " + path + " does not fit the enclosure " + live.Name() + ": " + difference +
-                                 ".");
+    host.Services().prompts.Tell("The file " + file.Path() + " does not fit the enclosure " + live.Name() + ": " +
+                                 difference + ".");
     return false;
 }
 

@@ -26,7 +26,7 @@ public:
 private:
     bool Apply(const std::string& path);
     std::shared_ptr<Enclosure> EnclosureIn(const TarvexData& file) const;
-    bool IsCompatible(const std::string& path, const Enclosure& saved) const;
+    bool IsCompatible(const TarvexData& file, const Enclosure& saved) const;
     bool WriteProduct(const TarvexData& file, const Enclosure& saved, IProduct& product);
     bool WriteConnector(const TarvexData& file, const Enclosure& saved, IProduct& product, ChannelDirection side,
                         std::int16_t connector);

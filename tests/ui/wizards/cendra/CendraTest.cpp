@@ -289,6 +289,8 @@ TEST_F(CendraTest, AFileHoldsEveryConnector)
     for (const auto& [what, with, message] :
          {std::tuple(">0</Slot>", ">C020</Slot>",
                      "The file /data/rack.xml does not fit the enclosure Rack A: it has 2 products, the enclosure 1."),
+          {"<Name>Cendra<", "<Name>Other<",
+           "The file /data/rack.xml does not fit the enclosure Rack A: it holds no settings of Cendra."},
           {">0</Slot>", ">C4A0</Slot>", "Unexpected error opening file /data/rack.xml"},
           {"<Slot number=\"2\">C4A0</Slot>", "",
            "The file /data/rack.xml does not fit the enclosure Rack A: it has 2 slots, the enclosure 3."}}) {
