@@ -13,7 +13,9 @@
 #include "platform/zorbus/SimulatedNorvaneSystem.h"
 #include "shell/ErrorLog.h"
 #include "shell/InitFileSearch.h"
+#include "shell/SelfTest.h"
 #include "shell/Startup.h"
+#include "shell/window/UT_OutputWindow.h"
 #include "ui/advanced/AdvancedForm.h"
 #include "ui/common/DeviceChanges.h"
 #include "ui/common/Guarded.h"
@@ -89,6 +91,11 @@ private:
                                                                        zoneRest_},
                                                   preferences_.serial);
         };
+        services.selfTest = [this](const std::string& reportFile) {
+            selfTestWindow_ = std::make_unique<UT_OutputWindow>(prompts_);
+            selfTestWindow_->show();
+            RunSelfTest(reportFile, *selfTestWindow_, {state_, files_, clock_, errorLog_});
+        };
         return services;
     }
 
@@ -121,6 +128,7 @@ private:
     std::shared_ptr<INorvaneSystem> norvaneSystem_;
     DeviceChanges deviceChanges_;
     SettingsStore settings_;
+    std::unique_ptr<UT_OutputWindow> selfTestWindow_; ///< none but in the self-test
     AdvancedForm mainWindow_;
     Startup startup_;
     ExitSignals signals_;

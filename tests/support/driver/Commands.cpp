@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QKeySequence>
+#include <QListWidget>
 #include <QTest>
 #include <QWidget>
 #include <QWindow>
@@ -92,6 +93,15 @@ void Click(const std::string& name)
     QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {}, middle);
 }
 
+std::string LinesOf(const std::string& name)
+{
+    const auto& list = dynamic_cast<const QListWidget&>(Find(name));
+    QStringList lines;
+    for (int row = 0; row < list.count(); ++row)
+        lines << list.item(row)->text();
+    return lines.join('|').toStdString();
+}
+
 using Input = void (*)(const std::string&);
 
 const std::map<std::string, Input>& Inputs()
@@ -112,6 +122,8 @@ std::string RunCommand(const Fields& command)
 {
     if (command.at(0) == "text")
         return TextOf(Find(command.at(1)));
+    if (command.at(0) == "lines")
+        return LinesOf(command.at(1));
     if (!IsInput(command))
         Refuse("there is no command " + command.at(0));
     Inputs().at(command.at(0))(command.at(1));

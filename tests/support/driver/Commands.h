@@ -10,6 +10,7 @@ using Fields = std::vector<std::string>;
 // Visible widgets are named by objectName; "A/B" is the B within an A.
 //
 //   text NAME    the text that a widget shows
+//   lines NAME   the lines of a list, with | between them
 //   click NAME   the mouse on the middle of a widget
 //   menu NAME    a menu entry that is shown and enabled
 //   key KEY      a key or combination, such as Ctrl+R, to the modal window or the only one
