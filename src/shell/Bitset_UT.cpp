@@ -76,11 +76,10 @@ void Bitset_UT::Verify(const Sample& sample, bool everyBit)
         for (std::int16_t i = 0; everyBit && i < count; ++i) {
             const std::int16_t position = sample.positions[static_cast<std::size_t>(i)];
             const bool isSet = (registerValue >> position & 1) != 0;
-            const std::string index = std::to_string(i);
-            CheckTrue(bitset.GetBitValue(i) == isSet,
-                      prefix + ".GetBitValue(" + index + (isSet ? ") = True" : ") = False"));
-            CheckTrue(bitset.GetBitFlags(i) == 1 << position,
-                      prefix + ".GetBitFlags(" + index + ") = 2 ^ " + std::to_string(position));
+            const std::string suffix = std::to_string(i) + (isSet ? ") = True" : ") = False");
+            CheckTrue(bitset.GetBitValue(i) == isSet, prefix + ".GetBitValue(" + suffix);
+            const std::string flags = std::to_string(i) + ") = 2 ^ " + std::to_string(position);
+            CheckTrue(bitset.GetBitFlags(i) == 1 << position, prefix + ".GetBitFlags(" + flags);
         }
     }
 }

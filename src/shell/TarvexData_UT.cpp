@@ -23,7 +23,7 @@ constexpr Board kBoards[] = {{0xC4A0, "Cendra"}, {0xC4A1, "Cendra"}, {0xC4A2, "C
 
 }
 
-TarvexData_UT::TarvexData_UT(const ProgramState& state, FailureFile failures)
+TarvexData_UT::TarvexData_UT(const ProgramState& state, const FailureFile& failures)
     : UnitTestCases("TarvexData_UT", "TarvexData Unit Test", 5, failures), state_(state), files_(failures.files),
       clock_(failures.clock), initFile_(files_.FindOwnFile(state.programFolder + "/Tarvex.xml")),
       dataFile_(state.programFolder + "/TarvexData_UT_data.xml")
@@ -102,7 +102,7 @@ std::string TarvexData_UT::Commit(TarvexData& model)
         model.Commit(dataFile_);
         return dataFile_;
     } catch (const Error&) {
-        const std::string elsewhere = TemporaryDataFile();
+        std::string elsewhere = TemporaryDataFile();
         model.Commit(elsewhere);
         return elsewhere;
     }

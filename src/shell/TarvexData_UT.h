@@ -10,7 +10,7 @@ namespace tarvex {
 /// of its products, and what it says of its products.
 class TarvexData_UT : public UnitTestCases {
 public:
-    TarvexData_UT(const ProgramState& state, FailureFile failures);
+    TarvexData_UT(const ProgramState& state, const FailureFile& failures);
 
 private:
     std::vector<Case> Cases() override;
