@@ -70,6 +70,8 @@ void Bitset_UT::Verify(const Sample& sample, bool everyBit)
     CheckTrue(bitset.Count() == count, prefix + ".count = " + std::to_string(count));
     CheckTrue(bitset.Name() == sample.name, prefix + " bs.Name = " + sample.name);
     CheckTrue(bitset.ParentRegister() == kRegisterName, prefix + ".ParentRegister = " + kRegisterName);
+    const std::string valuePrefix = prefix + ".GetBitValue(";
+    const std::string flagsPrefix = prefix + ".GetBitFlags(";
     for (const auto& [registerValue, value] : sample.values) {
         parent->value(registerValue);
         CheckTrue(bitset.GetValue() == value, prefix + ".GetValue() = " + std::to_string(value));
@@ -77,9 +79,9 @@ void Bitset_UT::Verify(const Sample& sample, bool everyBit)
             const std::int16_t position = sample.positions[static_cast<std::size_t>(i)];
             const bool isSet = (registerValue >> position & 1) != 0;
             const std::string suffix = std::to_string(i) + (isSet ? ") = True" : ") = False");
-            CheckTrue(bitset.GetBitValue(i) == isSet, prefix + ".GetBitValue(" + suffix);
+            CheckTrue(bitset.GetBitValue(i) == isSet, valuePrefix + suffix);
             const std::string flags = std::to_string(i) + ") = 2 ^ " + std::to_string(position);
-            CheckTrue(bitset.GetBitFlags(i) == 1 << position, prefix + ".GetBitFlags(" + flags);
+            CheckTrue(bitset.GetBitFlags(i) == 1 << position, flagsPrefix + flags);
         }
     }
 }
