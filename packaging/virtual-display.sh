@@ -1,4 +1,5 @@
-# Sourced by the scripts that need a display where there is none. start_display sets DISPLAY, stop_display ends it.
+# Sourced by the scripts that need a display where there is none. start_display sets DISPLAY, stop_display ends it,
+# await_painted PROCESS PICTURE waits until a program has painted its window.
 
 start_display() {
     display_folder=$(mktemp -d)
@@ -20,4 +21,19 @@ stop_display() {
     kill "$display_server" 2>/dev/null || true
     rm -rf "$display_folder"
     display_folder=
+}
+
+# Painted means: there is more than a window's empty background, and it stands still. The answer is 2 when the program
+# ended before, and 1 after a minute.
+await_painted() {
+    local deadline=$((SECONDS + 60)) colours now before=
+    while [ "$SECONDS" -lt "$deadline" ]; do
+        kill -0 "$1" 2>/dev/null || return 2
+        if import -silent -window root "$2" 2>/dev/null && read -r colours now < <(identify -format '%k %#\n' "$2"); then
+            [ "$colours" -lt 16 ] || [ "$now" != "$before" ] || return 0
+            before=$now
+        fi
+        sleep 0.2
+    done
+    return 1
 }

@@ -13,7 +13,9 @@
 #include "platform/zorbus/SimulatedNorvaneSystem.h"
 #include "shell/ErrorLog.h"
 #include "shell/InitFileSearch.h"
+#include "shell/SelfTest.h"
 #include "shell/Startup.h"
+#include "shell/window/UT_OutputWindow.h"
 #include "ui/advanced/AdvancedForm.h"
 #include "ui/common/DeviceChanges.h"
 #include "ui/common/Guarded.h"
@@ -99,6 +101,11 @@ private:
         services.wizards[WizardKind::AnalogTx] = [this] {
             return std::make_unique<AnalogTx_Wizard>(WindowServices(), preferences_.serial);
         };
+        services.selfTest = [this](const std::string& reportFile) {
+            selfTestWindow_ = std::make_unique<UT_OutputWindow>(prompts_);
+            selfTestWindow_->show();
+            RunSelfTest(reportFile, *selfTestWindow_, {state_, files_, clock_, errorLog_});
+        };
         return services;
     }
 
@@ -133,6 +140,7 @@ private:
     std::shared_ptr<INorvaneSystem> norvaneSystem_;
     DeviceChanges deviceChanges_;
     SettingsStore settings_;
+    std::unique_ptr<UT_OutputWindow> selfTestWindow_; ///< none but in the self-test
     AdvancedForm mainWindow_;
     Startup startup_;
     ExitSignals signals_;

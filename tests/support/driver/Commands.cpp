@@ -9,6 +9,7 @@
 #include <QCursor>
 #include <QElapsedTimer>
 #include <QKeySequence>
+#include <QListWidget>
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
@@ -153,6 +154,15 @@ void Drag(const std::string& name)
     DragOn(window, from, bar.mapTo(window, QPoint(bar.width() - 1, bar.height() / 2)), time);
 }
 
+std::string LinesOf(const std::string& name)
+{
+    const auto& list = dynamic_cast<const QListWidget&>(Find(name));
+    QStringList lines;
+    for (int row = 0; row < list.count(); ++row)
+        lines << list.item(row)->text();
+    return lines.join('|').toStdString();
+}
+
 using Input = void (*)(const std::string&);
 
 const std::map<std::string, Input>& Inputs()
@@ -176,6 +186,8 @@ std::string RunCommand(const Fields& command)
 {
     if (command.at(0) == "text")
         return TextOf(Find(command.at(1)));
+    if (command.at(0) == "lines")
+        return LinesOf(command.at(1));
     if (!IsInput(command))
         Refuse("there is no command " + command.at(0));
     Inputs().at(command.at(0))(command.at(1));

@@ -10,6 +10,7 @@ using Fields = std::vector<std::string>;
 // Visible widgets are named by objectName; "A/B" is the B within an A.
 //
 //   text NAME    the text that a widget shows, or the title of a window
+//   lines NAME   the lines of a list, with | between them
 //   click NAME   the mouse on the middle of a widget
 //   item NAME    the mouse on the item of a list or tree that has the last part of the name as its text
 //   drag NAME    the handle of a bar from its left end to the right end, a pixel each millisecond
