@@ -4,10 +4,7 @@ function(tarvex_make_help)
   cmake_parse_arguments(HELP "" "OUTPUT" "" ${ARGN})
   find_package(Qt6 6.4 REQUIRED COMPONENTS ToolsTools)
   set(source_dir ${CMAKE_SOURCE_DIR}/share/help)
-  set(sources
-    tarvex.qhp style.css
-    index.html register-window.html starting.html files.html preferences.html hotkeys.html)
-  list(TRANSFORM sources PREPEND ${source_dir}/)
+  file(GLOB sources CONFIGURE_DEPENDS ${source_dir}/tarvex.qhp ${source_dir}/*.css ${source_dir}/*.html)
   add_custom_command(OUTPUT ${HELP_OUTPUT}
     COMMAND Qt6::qhelpgenerator -s ${source_dir}/tarvex.qhp -o ${HELP_OUTPUT}
     DEPENDS ${sources}

@@ -1,0 +1,36 @@
+# cmake -DCHECK=<CheckShippedFiles.cmake> -DWORK=<folder> -P CheckShippedFilesTest.cmake
+# Shows that the check finds each kind of fault: a small project that fits together is changed in one file each time.
+
+function(expect text file content)
+  file(REMOVE_RECURSE ${WORK})
+  file(WRITE ${WORK}/share/Tarvex.xml "<ImageFile>Images\\a.jpg</ImageFile><HelpTip>t.rtf</HelpTip>")
+  file(WRITE ${WORK}/share/HelpTips/t.rtf "")
+  file(WRITE ${WORK}/share/Images/a.jpg "")
+  file(WRITE ${WORK}/share/Images/src/a.svg "")
+  file(WRITE ${WORK}/src/a.cpp "constexpr int kTopic = 7;")
+  file(WRITE ${WORK}/share/help/p.html "<a href=\"p.html\">p</a>")
+  file(WRITE ${WORK}/share/help/tarvex.qhp
+    "<section title=\"p\" ref=\"p.html\"/><keyword id=\"7\" ref=\"p.html\"/><file>p.html</file>")
+  file(WRITE ${WORK}/${file} "${content}")
+  execute_process(COMMAND ${CMAKE_COMMAND} -DROOT=${WORK} -P ${CHECK}
+    RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  string(REGEX REPLACE "[ \n]+" " " output "${output}")
+  string(FIND "${output}" "${text}" position)
+  if(text STREQUAL "" AND NOT result EQUAL 0)
+    message(SEND_ERROR "${file} should pass: ${output}")
+  elseif(NOT text STREQUAL "" AND (result EQUAL 0 OR position EQUAL -1))
+    message(SEND_ERROR "${file} should fail with \"${text}\": ${output}")
+  endif()
+endfunction()
+
+expect("" share/help/p.html "<a id=\"x\">p</a><a href=\"p.html#x\">x</a>")
+expect("b.jpg is named and not there" src/b.cpp "\"b.jpg\"")
+expect("T.rtf is named and not there" share/Tarvex.xml "<HelpTip>T.rtf</HelpTip>")
+expect("u.rtf is there and named nowhere" share/HelpTips/u.rtf "")
+expect("b.jpg has no drawing" share/Images/b.jpg "")
+expect("q.html is not in the help file" share/help/q.html "")
+expect("q.html is not in the contents" share/help/q.html "")
+expect("q.html leads nowhere" share/help/p.html "<a href=\"q.html\">q</a>")
+expect("p.html#x leads to no place" share/help/p.html "<a href=\"p.html#x\">x</a>")
+expect("topic 8 has no page" src/b.cpp "kOtherTopic = 8;")
+file(REMOVE_RECURSE ${WORK})
