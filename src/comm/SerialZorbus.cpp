@@ -96,7 +96,7 @@ bool SerialZorbus::Reboot()
     return false;
 }
 
-std::string SerialZorbus::IDevice_productName() { return connected_ ? BrowseString(record_) : std::string(); }
+std::string SerialZorbus::IDevice_productName() { return KnowsNode() ? BrowseString(record_) : std::string(); }
 
 std::int32_t SerialZorbus::IDevice_connect(std::int32_t nodeId, std::int32_t vendorId)
 {
@@ -161,7 +161,9 @@ bool SerialZorbus::IDevice_VerifyCommunications(std::int32_t, std::int32_t)
         return false;
     }
     services_.packetLog.LogText("Communications verified with ping to " + AddressText(nodeId_));
-    connected_ = record_.nodeId == nodeId_ || ReadRecordOf(nodeId_);
+    connected_ = true;
+    if (record_.nodeId != nodeId_)
+        ReadRecordOf(nodeId_);
     return true;
 }
 

@@ -85,7 +85,7 @@ private:
     std::string IDevice_DeviceType() override { return kSerialDeviceType; }
     bool IDevice_IsConnected() override { return connected_; }
     std::string IDevice_DevicePath() override { return "The serial network has no device path"; }
-    std::string IDevice_FirmwareVersion() override { return connected_ ? record_.firmwareVersion : "unknown"; }
+    std::string IDevice_FirmwareVersion() override { return KnowsNode() ? record_.firmwareVersion : "unknown"; }
     void IDevice_WriteTo(std::int32_t baseAddress, std::int32_t parameterId, const Bytes& data, std::int16_t byteCount,
                          std::int16_t aspi) override;
     Bytes IDevice_ReadFrom(std::int32_t baseAddress, std::int32_t parameterId, std::int16_t& byteCount,
@@ -103,6 +103,8 @@ private:
     bool ConnectPatiently(std::int32_t nodeId);
     bool ConnectTo(std::int32_t nodeId) { return connect(nodeId, kNorvaneVendorId) == 1; }
     void LeaveOtherNode(std::int32_t nodeId);
+    /// Connected, and to the node of the record: a node may answer a ping and still not tell its record.
+    bool KnowsNode() const { return connected_ && record_.nodeId == nodeId_; }
     bool Answers(std::int32_t nodeId);
     bool ReadRecordOf(std::int32_t nodeId);
     void CheckMayTransfer(const char* source, const char* what, std::int16_t aspi) const;

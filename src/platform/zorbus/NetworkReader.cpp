@@ -4,10 +4,13 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "platform/xml/XmlDocument.h"
+#include "platform/zorbus/ElementPlace.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <limits>
+#include <set>
 
 namespace tarvex {
 
@@ -19,10 +22,17 @@ constexpr std::int32_t kHighestWord = 32767;
 constexpr std::int32_t kHighestWait = 60'000;
 constexpr double kHighestFactor = 10;
 
-[[noreturn]] void Refuse(const XmlElement& element, const std::string& why)
-{
-    Raise(ObjectError(1), kSource, "Network description: element " + std::string(element.Tag()) + ": " + why);
-}
+constexpr std::array<std::string_view, 11> kOperations{
+    "OpenZone",   "CloseZone",   "StartCaptureLog",    "DiscoverNodes", "ReadNodeRecord", "PingNode",
+    "RebootNode", "CommandNode", "ReadSlotPopulation", "ReadParameter", "WriteParameter"};
+
+/// What is wrong with an element.
+struct Refusal {
+    XmlElement element;
+    std::string why;
+};
+
+[[noreturn]] void Refuse(const XmlElement& element, const std::string& why) { throw Refusal{element, why}; }
 
 /// One element whose attributes are read; what is wrong with them is told with the names of both.
 class Attributes {
@@ -52,12 +62,27 @@ public:
         return Has(name) ? std::optional(Decimal(name, 0, 0, kHighestWord)) : std::nullopt;
     }
 
+    /// The name of an operation of the library.
+    std::string Operation() const
+    {
+        return Has("operation") ? std::string(OneOf("operation", kOperations)) : std::string();
+    }
+
+    /// One of these texts; the first when the attribute is not there.
+    template <std::size_t Count>
+    std::string_view OneOf(const char* name, const std::array<std::string_view, Count>& known) const
+    {
+        if (!Has(name))
+            return known.front();
+        const auto* const found = std::find(known.begin(), known.end(), Text(name));
+        if (found == known.end())
+            Refuse(element_, std::string(name) + " \"" + Text(name) + "\" is not known");
+        return *found;
+    }
+
     bool Flag(const char* name, bool standard) const
     {
-        const std::string text = Text(name);
-        if (text != "true" && text != "false" && Has(name))
-            Refuse(element_, std::string(name) + " is neither true nor false");
-        return Has(name) ? text == "true" : standard;
+        return OneOf<2>(name, {standard ? "true" : "false", standard ? "false" : "true"}) == "true";
     }
 
 private:
@@ -126,9 +151,9 @@ private:
     void ReadWait(XmlElement element)
     {
         const Attributes attributes(element);
-        const std::string operation = attributes.Text("operation");
-        if (operation == "CloseZone")
-            Refuse(element, "CloseZone cannot wait");
+        const std::string operation = attributes.Operation();
+        if (operation.empty() || operation == "CloseZone")
+            Refuse(element, "no operation that can wait");
         network_.waits[operation] = std::chrono::milliseconds(attributes.Decimal("milliseconds", 0, 0, kHighestWait));
     }
 
@@ -136,7 +161,7 @@ private:
     {
         const Attributes attributes(element);
         FaultRule rule;
-        rule.operation = attributes.Text("operation");
+        rule.operation = attributes.Operation();
         rule.port = attributes.OptionalDecimal("port");
         rule.node = attributes.OptionalHex("node");
         rule.aspi = attributes.OptionalDecimal("aspi");
@@ -144,10 +169,8 @@ private:
         rule.parameterId = attributes.OptionalHex("parameter");
         rule.after = attributes.Decimal("after", 0, 0, kHighest);
         rule.times = attributes.Decimal("times", -1, -1, kHighest);
-        if (attributes.Text("as") == "refused")
+        if (attributes.OneOf<2>("as", {"status", "refused"}) == "refused")
             rule.kind = FaultRule::Kind::Refused;
-        else if (attributes.Has("as") && attributes.Text("as") != "status")
-            Refuse(element, "as is neither status nor refused");
         return rule;
     }
 
@@ -158,11 +181,13 @@ private:
         port.number = static_cast<std::int16_t>(attributes.Decimal("number", 1, 1, kHighestWord));
         port.baudRate = attributes.Decimal("baud", port.baudRate, 1, kHighest);
         port.isBusy = attributes.Flag("busy", false);
-        for (const SimulatedPort& other : network_.ports)
-            if (other.number == port.number)
-                Refuse(element, "there are two ports " + std::to_string(port.number));
+        if (!portNumbers_.insert(port.number).second)
+            Refuse(element, "there are two ports " + std::to_string(port.number));
+        std::set<std::int32_t> nodeIds;
         for (const XmlElement& node : element.Children("Node")) {
             port.nodes.push_back(ReadNode(node));
+            if (!nodeIds.insert(port.nodes.back().record.nodeId).second)
+                Refuse(node, "there are two nodes " + ToHex(port.nodes.back().record.nodeId) + " on the port");
             if (port.nodes.size() > static_cast<std::size_t>(kHighestWord))
                 Refuse(element, "too many nodes");
         }
@@ -207,7 +232,7 @@ private:
         SimulatedParameter parameter;
         parameter.live = attributes.Has("value") ? attributes.Hex("value", -kHighest - 1, kHighest) : 0;
         parameter.flash = parameter.live;
-        const std::string access = attributes.Text("access");
+        const auto access = attributes.OneOf<3>("access", {"ReadWrite", "ReadOnly", "WriteOnly"});
         parameter.isReadable = access != "WriteOnly";
         parameter.isWritable = access != "ReadOnly";
         for (const std::int16_t aspi : aspis) {
@@ -217,17 +242,24 @@ private:
     }
 
     SimulatedNetwork network_;
+    std::set<std::int16_t> portNumbers_;
     std::size_t parameterCount_ = 0;
 };
 
 }
 
-SimulatedNetwork ReadNetwork(const XmlDocument& document)
+SimulatedNetwork ReadNetwork(const XmlDocument& document, std::string_view text)
 {
     const XmlElement root = document.Root();
-    if (root.Tag() != "ZorbusNetwork")
-        Refuse(root, "this is no network description");
-    return Reader().Read(root);
+    try {
+        if (root.Tag() != "ZorbusNetwork")
+            Refuse(root, "this is no network description");
+        return Reader().Read(root);
+    } catch (const Refusal& refusal) {
+        Raise(ObjectError(1), kSource,
+              "Element " + std::string(refusal.element.Tag()) + ": " + refusal.why + " (" +
+                  PlaceOf(refusal.element, document, text) + ")");
+    }
 }
 
 }

@@ -3,7 +3,7 @@
 #include "platform/zorbus/SimulatedNetwork.h"
 
 #include <cstddef>
-#include <string>
+#include <string_view>
 
 namespace tarvex {
 
@@ -12,8 +12,8 @@ class XmlDocument;
 /// More parameters than this in one description are refused.
 inline constexpr std::size_t kMostParameters = 200'000;
 
-/// Makes the network that a loaded description describes. Raises 0x80040001 with a text that names the element for
-/// whatever is missing in it or out of range.
-SimulatedNetwork ReadNetwork(const XmlDocument& document);
+/// Makes the network that a description describes, loaded from this text. Raises 0x80040001 with a text that names the
+/// element with its line and column for whatever is missing in it, not known or out of range.
+SimulatedNetwork ReadNetwork(const XmlDocument& document, std::string_view text);
 
 }

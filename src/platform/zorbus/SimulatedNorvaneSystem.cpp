@@ -4,7 +4,8 @@
 #include "base/IErrorLog.h"
 #include "base/Version.h"
 #include "platform/IWait.h"
-#include "platform/xml/XmlFiles.h"
+#include "platform/xml/XmlDocument.h"
+#include "platform/xml/XmlGuard.h"
 #include "platform/zorbus/NetworkReader.h"
 
 #include <cstdlib>
@@ -54,10 +55,11 @@ void SimulatedNorvaneSystem::ReadDescription(const SimulatedNetworkFiles& paths)
 {
     if (paths.description.empty() || (!paths.isRequired && !services_.files->FileExists(paths.description)))
         return;
+    const std::string text = services_.files->ReadWholeFile(paths.description, kXmlMaxBytes);
     XmlDocument document;
-    if (!LoadXmlFile(*services_.files, paths.description, document))
+    if (!document.LoadText(text))
         Raise(ObjectError(1), "SimulatedNorvaneSystem", paths.description + ": " + document.LastErrorText());
-    network_ = ReadNetwork(document);
+    network_ = ReadNetwork(document, text);
 }
 
 std::string SimulatedNorvaneSystem::Version() { return network_.version; }
