@@ -47,7 +47,7 @@ std::string TakeWholePath(std::string_view& text)
     const auto end = lower.find(std::string(kEnding) + ' ');
     if (end == std::string::npos)
         return {};
-    const std::string path(text.substr(0, end + kEnding.size()));
+    std::string path(text.substr(0, end + kEnding.size()));
     text.remove_prefix(path.size());
     return path;
 }
