@@ -22,7 +22,7 @@ TEST(NetworkDescription, TellsWhereItIsWrongAndHasNoPortsThen)
         std::string elements, told;
     } cases[] = {
         {"\n <Port number='x'/>", "Element Port: number \"x\" is no number in its range (line 2, column 2)"},
-        {"<!-- <Node/> > ' -->\n<Port number='1'>\n\t<Node id='1' name='>'/>\n\t<Node id='1'/></Port>",
+        {"<!-- > <Node/> ' -->\n<Port number='1'>\n\t<Node id='1' name='>'/>\n\t<Node id='1'/></Port>",
          "Element Node: there are two nodes 1 on the port (line 4, column 2)"},
         {"<Port number='1'/><Port number='2'/><Port number='2'/>", "there are two ports 2 (line 1, column 52)"},
         {"<Port number='1'><Node id='1'><![CDATA[<a>]]><Processors aspi='1'>\n<Parameter base='1' id='1' "

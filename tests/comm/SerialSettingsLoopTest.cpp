@@ -13,7 +13,7 @@ TEST_F(SerialSettingsLoopTest, EndsWhenTheEnclosureAnswers)
     for (const std::string file : {"/Tarvex.xml", "/ZorbusNetwork.xml"})
         files_.files["/prog" + file] = PosixFileSystem().ReadWholeFile(TARVEX_SHARE + file, 1'000'000);
     ZoneRest rest;
-    const auto library =
+    auto library =
         std::make_shared<SimulatedNorvaneSystem>(SimulatedNetworkFiles{"/prog/ZorbusNetwork.xml", true, "", ""},
                                                  SimulatedNorvaneSystem::Services{&files_, &wait_, &errors_});
     services_.links[kSerialDeviceType] = [&] {
@@ -42,6 +42,8 @@ TEST_F(SerialSettingsLoopTest, EndsWhenTheEnclosureAnswers)
     EXPECT_EQ(Status(), "Communication verified on COM 5");
     EXPECT_TRUE(choices.empty() && document_->device()->IsConnected());
     EXPECT_EQ(preferences_.serial.baudRate, 38400);
+    board_.reset();
+    document_.reset(); // its link leaves a rest behind
 }
 
 }
