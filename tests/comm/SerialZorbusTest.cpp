@@ -3,8 +3,10 @@
 #include "base/Numbers.h"
 #include "base/ProgramState.h"
 #include "base/Text.h"
+#include "comm/CalculateASPI.h"
 #include "comm/SerialZorbusTexts.h"
 #include "comm/api/IPacketLog.h"
+#include "model/RegisterObject.h"
 #include "platform/files/PosixFileSystem.h"
 #include "platform/zorbus/SimulatedNorvaneSystem.h"
 #include "support/ExpectError.h"
@@ -13,7 +15,7 @@
 #include "support/FakeWait.h"
 #include "support/ScriptedPrompts.h"
 
-#include <array>
+#include <cstdlib>
 #include <random>
 
 namespace tarvex {
@@ -23,6 +25,10 @@ using Lines = std::vector<std::string>;
 
 const std::string kRackA = "Kestra Rack A (0x1A2B)";
 const std::string kShipped = PosixFileSystem().ReadWholeFile(TARVEX_SHARE "/ZorbusNetwork.xml", 100'000);
+/// Two enclosures, quickly made.
+const std::string kSmall =
+    "<ZorbusNetwork><Port number='1'><Node id='1A2B'><Slots>C4A0</Slots><Processors aspi='17'><Parameter base='C4' "
+    "id='11'/></Processors></Node><Node id='1A2C' silentPings='3'/></Port></ZorbusNetwork>";
 
 /// The surroundings of a link, which all write into the library's journal, so that one list tells what came when.
 class Surroundings : public FakeWait, public ScriptedPrompts, public IPacketLog {
@@ -69,10 +75,9 @@ protected:
         events_.clear();
         link_.reset();
         world_.rest = {};
-        const std::size_t root = kShipped.find("<ZorbusNetwork");
-        const std::size_t inside = kShipped.find('>', root) + 1;
-        world_.files.files["net"] =
-            kShipped.substr(0, root) + "<ZorbusNetwork waitFactor='0'>" + faults + kShipped.substr(inside);
+        const std::size_t root = network_.find("<ZorbusNetwork");
+        const std::size_t inside = network_.find('>', root) + 1;
+        world_.files.files["net"] = "<ZorbusNetwork waitFactor='0'>" + faults + network_.substr(inside);
         library_ = std::make_shared<SimulatedNorvaneSystem>(
             SimulatedNetworkFiles{"net", true, "flash", "journal"},
             SimulatedNorvaneSystem::Services{&world_.files, &world_, &world_.log});
@@ -103,6 +108,7 @@ protected:
     }
 
     Surroundings world_;
+    std::string network_ = kShipped;
     std::shared_ptr<SimulatedNorvaneSystem> library_;
     std::unique_ptr<SerialZorbus> link_;
     std::vector<Subscription> events_;
@@ -210,6 +216,31 @@ TEST_F(SerialZorbusTest, ReadsAndWritesWholeRegisters)
     EXPECT_EQ(world_.Take(), Lines{}) << "nothing refused reaches the library";
 }
 
+TEST_F(SerialZorbusTest, ReachesTheProcessorOfEachProduct)
+{
+    struct Case {
+        std::int32_t node, enclosure, base;
+        std::int16_t connector;
+        const char* place; ///< in the journal
+    };
+    for (const Case& each :
+         {Case{0x1A2B, 1, 0xC4, 3, "0x1A2B, 0, 17, 0xC4"}, Case{0x2401, 24, 0xC0, 3, "0x2401, 0, 16, 0xC0"},
+          Case{0x333, 17, 0xCB, 1, "0x333, 0, 1, 0xCB"}}) {
+        Start();
+        RegisterObject skew;
+        skew.Init(each.base, 0x11, 0, 8, "Green_Skew", "");
+        const std::int16_t aspi = CalculateASPI(each.connector, &skew, each.enclosure);
+        EXPECT_EQ(link_->connect(each.node, kNorvaneVendorId), 1);
+        world_.Take();
+        link_->WriteTo(each.base, 0x11, {0x5A}, 1, aspi);
+        std::int16_t count = 1;
+        EXPECT_EQ(link_->ReadFrom(each.base, 0x11, count, aspi)[0], 0x5A);
+        const std::string place = each.place;
+        EXPECT_EQ(world_.Take(), (Lines{"WriteParameter(" + place + ", 0x11, 90, 1, 0) = ok: True", "WriteSuccess",
+                                        "ReadParameter(" + place + ", 0x11, 1, 0) = ok: 90, True", "ReadSuccess"}));
+    }
+}
+
 TEST_F(SerialZorbusTest, SavesAndRestarts)
 {
     Start();
@@ -225,9 +256,11 @@ TEST_F(SerialZorbusTest, SavesAndRestarts)
     EXPECT_TRUE(link_->Reboot());
     const std::string silent = "PingNode(0x1A2B, 1) = ok: False";
     EXPECT_EQ(world_.Take(), (Lines{"RebootNode(0x1A2B, 1) = ok", silent, silent, "PingNode(0x1A2B, 1) = ok: True"}));
+    Bytes bytes;
+    EXPECT_EQ(Read(17, bytes), 1);
+    EXPECT_EQ(bytes[0], 9) << "what was not saved is gone";
     Start("<Fault operation='PingNode'/>");
     link_->ConnectToPath(kRackA);
-    Bytes bytes;
     EXPECT_EQ(Read(17, bytes), 1);
     EXPECT_EQ(bytes[0], 9) << "saved, and there after a new start";
     world_.Take();
@@ -271,22 +304,91 @@ TEST_F(SerialZorbusTest, FollowsItsSettings)
                 "Unable to get handle to Norvane.System.");
 }
 
-TEST_F(SerialZorbusTest, SurvivesAnySequenceOfFaults)
+/// The operations in turn: a letter for each that succeeded, - for each that did not.
+class SerialZorbusFaultTest : public SerialZorbusTest {
+protected:
+    std::string OneRound()
+    {
+        std::string told;
+        const auto tell = [&told](char letter, bool done) { told += done ? letter : '-'; };
+        std::vector<std::int32_t> slots;
+        world_.chosen = 0;
+        tell('B', !link_->Browse().empty());
+        tell('C', link_->ConnectToPath("(0x1A2B)") == 1);
+        tell('S', link_->GetIOSlotPops(slots) == 1);
+        tell('L', link_->StartLogging("capture"));
+        tell('V', link_->VerifyCommunications(0, 0));
+        if (link_->IsConnected()) {
+            Bytes bytes;
+            link_->WriteTo(0xC4, 0x11, {7}, 1, 17);
+            const Lines lines = world_.Take();
+            tell('w', lines.back() == "WriteSuccess");
+            tell('r', Read(17, bytes) == 1);
+        }
+        tell('k', link_->ResetCache());
+        tell('K', link_->RestoreCache());
+        tell('R', link_->Reboot());
+        CommSettings settings = link_->Settings();
+        settings.keepLinkOpen = !settings.keepLinkOpen;
+        link_->SetCommParameters(settings);
+        tell('O', link_->IsConnected());
+        return told;
+    }
+};
+
+TEST_F(SerialZorbusFaultTest, EachOperationFailsOnceAlwaysAndLater)
 {
-    constexpr std::array<const char*, 6> kOperations{"OpenZone",      "PingNode",       "ReadNodeRecord",
-                                                     "ReadParameter", "WriteParameter", ""};
+    struct Case {
+        const char *operation, *once, *always, *later; ///< what two rounds do
+        int failures;                                  ///< counted when it always fails
+    };
+    network_ = kSmall;
+    for (const Case& each : std::initializer_list<Case>{
+             {"OpenZone", "BCSLVwrkKRO BCSLVwrkKRO", "---L----- ---L-----", "BCSLVwrkKR- -CSLVwrkKRO", 0},
+             {"CloseZone", "BCSLVwrkKR- ---L-----", "BCSLVwrkKR- ---L-----", "BCSLVwrkKRO BCSLVwrkKR-", 0},
+             {"StartCaptureLog", "BCS-VwrkKRO BCSLVwrkKRO", "BCS-VwrkKRO BCS-VwrkKRO", "BCSLVwrkKRO BCS-VwrkKRO", 0},
+             {"DiscoverNodes", "-CSLVwrkKRO BCSLVwrkKRO", "-CSLVwrkKRO -CSLVwrkKRO", "BCSLVwrkKRO -CSLVwrkKRO", 0},
+             {"ReadNodeRecord", "BCSLVwrkKRO BCSLVwrkKRO", "B--LVwrkKR- B--LVwrkKR-", "BCSLVwrkKRO BCSLVwrkKRO", 0},
+             {"PingNode", "BCSL-wrkKRO BCSLVwrkKRO", "BCSL-wrkK-O BCSL-wrkK-O", "BCSLVwrkKRO BCSLVwrkKRO", 0},
+             {"RebootNode", "BCSLVwrkK-O BCSLVwrkKRO", "BCSLVwrkK-O BCSLVwrkK-O", "BCSLVwrkKRO BCSLVwrkK-O", 0},
+             {"CommandNode", "BCSLVwr-KRO BCSLVwrkKRO", "BCSLVwr--RO BCSLVwr--RO", "BCSLVwrk-RO BCSLVwr-KRO", 0},
+             {"ReadSlotPopulation", "BC-LVwrkKRO BCSLVwrkKRO", "BC-LVwrkKRO BC-LVwrkKRO", "BCSLVwrkKRO BC-LVwrkKRO", 0},
+             {"ReadParameter", "BCSLVw-kKRO BCSLVwrkKRO", "BCSLVw-kKRO BCSLVw-kKRO", "BCSLVwrkKRO BCSLVw-kKRO", 2},
+             {"WriteParameter", "BCSLV-rkKRO BCSLVwrkKRO", "BCSLV-rkKRO BCSLV-rkKRO", "BCSLVwrkKRO BCSLV-rkKRO", 2}})
+        for (const auto& [rule, expected] :
+             {std::pair("times='1'", each.once), {"", each.always}, {"after='1' times='2'", each.later}}) {
+            SCOPED_TRACE(std::string(each.operation) + " " + rule);
+            world_.log.entries.clear();
+            Start("<Fault operation='" + std::string(each.operation) + "' " + rule + "/>");
+            const std::string first = OneRound();
+            EXPECT_EQ(first + " " + OneRound(), expected);
+            const bool isAlways = std::string(rule).empty();
+            EXPECT_TRUE(!isAlways || link_->FailureCount() == each.failures);
+            EXPECT_FALSE(world_.log.entries.empty()) << "a bad status is logged";
+        }
+}
+
+TEST_F(SerialZorbusFaultTest, SurvivesAnySequenceOfFaults)
+{
+    const Lines operations = Split("OpenZone CloseZone DiscoverNodes ReadNodeRecord PingNode RebootNode CommandNode "
+                                   "ReadSlotPopulation ReadParameter WriteParameter ",
+                                   " "); // the last, without a name, is all of them
+    network_ = kSmall;
     std::mt19937 random(4711);
     const auto below = [&random](std::uint32_t limit) { return static_cast<std::int32_t>(random() % limit); };
-    for (int round = 0; round < 50; ++round) {
+    for (int round = std::getenv("TARVEX_LONG") ? 10'000 : 1'000; round > 0 && !HasFailure(); --round) {
         std::string faults;
         for (int k = 0; k < 4; ++k)
-            faults += "<Fault operation='" + std::string(kOperations[static_cast<std::size_t>(below(6))]) +
-                      "' after='" + std::to_string(below(6)) + "' times='" + std::to_string(below(4)) +
+            faults += "<Fault operation='" + operations[static_cast<std::size_t>(below(11))] + "' after='" +
+                      std::to_string(below(6)) + "' times='" + std::to_string(below(4)) +
                       (below(2) == 0 ? "' as='refused'/>" : "'/>");
         Start(faults);
         std::int32_t wanted = 0;
+        std::int16_t failures = 0;
         for (int step = 0; step < 20; ++step) {
-            const int action = below(5);
+            const int action = below(6);
+            const bool wasConnected = link_->IsConnected();
+            world_.Take();
             if (action < 2) {
                 wanted = below(2) == 0 ? 0x1A2B : 0x1A2C;
                 const auto done = action == 0 ? link_->connect(wanted, kNorvaneVendorId)
@@ -294,14 +396,24 @@ TEST_F(SerialZorbusTest, SurvivesAnySequenceOfFaults)
                 EXPECT_EQ(done == 1, link_->IsConnected());
             } else if (action == 2) {
                 link_->SetCommParameters({kSerialPortKind, 9600, "", below(2) == 0, 1, 0});
+                EXPECT_TRUE(wasConnected || !link_->IsConnected());
             } else if (action == 3) {
-                link_->VerifyCommunications(0, 0);
-                link_->Reboot();
-            } else if (link_->IsConnected()) {
+                const bool answered = link_->VerifyCommunications(0, 0);
+                EXPECT_TRUE(link_->IsConnected() || !answered);
+            } else if (action == 4) {
+                OneRound();
+                wanted = 0x1A2B; // which a ping that is answered makes connected again
+                failures = link_->FailureCount();
+            } else if (wasConnected) {
                 Bytes bytes;
-                Read(1, bytes);
+                const bool isRead = Read(17, bytes) == 1;
                 EXPECT_EQ(link_->ProductID(), wanted);
+                const Lines lines = world_.Take();
+                EXPECT_TRUE(lines.size() <= 2 && lines.back() == (isRead ? "ReadSuccess" : "ReadFailure"));
+                EXPECT_TRUE(lines.size() < 2 || lines[0].starts_with("ReadParameter(0x" + ToHex(wanted) + ","));
+                failures = static_cast<std::int16_t>(failures + (isRead ? 0 : 1));
             }
+            EXPECT_EQ(link_->FailureCount(), failures);
         }
     }
 }

@@ -11,7 +11,7 @@ namespace tarvex {
 
 namespace element_place {
 
-/// How many elements begin before this one; `count` goes on counting below and after `from`.
+/// Whether the target is `from` or below it; `count` grows by the elements that begin before it.
 inline bool CountUpTo(const XmlElement& target, const XmlElement& from, std::size_t& count)
 {
     if (from == target)
@@ -23,7 +23,7 @@ inline bool CountUpTo(const XmlElement& target, const XmlElement& from, std::siz
     return false;
 }
 
-/// The end of what begins at a "<" that begins no element; quotes may hide a ">" only in tags.
+/// The end of what begins at this "<", or a place in it before the next one: attributes hold no "<".
 inline std::size_t EndOfMarkup(std::string_view text, std::size_t start)
 {
     const std::string_view rest = text.substr(start);
@@ -37,18 +37,6 @@ inline std::size_t EndOfMarkup(std::string_view text, std::size_t start)
     return text.find(end, start);
 }
 
-inline std::size_t EndOfTag(std::string_view text, std::size_t start)
-{
-    std::size_t end = start;
-    while ((end = text.find_first_of("\"'>", end)) != std::string_view::npos && text[end] != '>') {
-        end = text.find(text[end], end + 1);
-        if (end == std::string_view::npos)
-            return end;
-        ++end;
-    }
-    return end;
-}
-
 /// Where the element with this number in the order of the document begins.
 inline std::size_t StartOf(std::size_t number, std::string_view text)
 {
@@ -57,7 +45,7 @@ inline std::size_t StartOf(std::size_t number, std::string_view text)
         const bool isElement = next != '!' && next != '?' && next != '/';
         if (isElement && number-- == 0)
             return at;
-        at = isElement ? EndOfTag(text, at) : EndOfMarkup(text, at);
+        at = EndOfMarkup(text, at);
         if (at == std::string_view::npos)
             break;
     }
