@@ -1,7 +1,6 @@
 #include "cli/ProgramTest.h"
 
 #include <cstdlib>
-#include <regex>
 
 namespace tarvex {
 namespace {
@@ -47,9 +46,11 @@ protected:
         driver.Terminate();
         EXPECT_EQ(driver.ExitCode(), 0);
         const auto saved = program.parent_path() / "I.xml"; // where a new user is asked to save first
-        const std::string content = folder.Read(saved.lexically_relative(folder.path));
+        std::string content = folder.Read(saved.lexically_relative(folder.path));
         std::filesystem::remove(saved);
-        seen.push_back(std::regex_replace(content, std::regex("lastModified=\"[^\"]*\""), ""));
+        const auto time = content.find("lastModified=\"");
+        content.erase(time, content.find('>', time) - time);
+        seen.push_back(content);
         EXPECT_FALSE(std::filesystem::exists(start.folder / "TarvexError.log"))
             << folder.Read(locale + "/TarvexError.log");
         return seen;

@@ -114,9 +114,12 @@ bool Cendra::UpdateUI(std::int32_t kind, const std::string& name)
 
 std::optional<NoTarget> Cendra::MissingTarget()
 {
-    if (target_.HasConnector())
-        return std::nullopt;
-    return NoTarget{"Select a leaf of the navigation tree", "Select a channel"};
+    if (!target_.HasConnector())
+        return NoTarget{"Select a leaf of the navigation tree", "Select a channel"};
+    if (!target_.IsOwn(target_.Product()))
+        return NoTarget{"This channel belongs to another product than " + target_.Host().Controller().deviceName(),
+                        "Select a channel"};
+    return std::nullopt;
 }
 
 bool Cendra::WriteElement(const std::string& element, std::int32_t value)

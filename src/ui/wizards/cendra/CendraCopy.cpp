@@ -28,13 +28,13 @@ void CendraCopy::SelectMultiChannels()
 
 void CendraCopy::LoadAllConfigElements()
 {
-    if (!target_.HasConnector())
+    if (!target_.HasConnector() || !target_.IsOwn(target_.Product()))
         return;
     std::set<std::uint16_t> done{target_.Connector()};
     std::shared_ptr<void> progress;
     for (const std::string& key : target_.Host().View().CheckedNodes()) {
         const auto leaf = LeafOfKey(key);
-        if (!leaf || !done.insert(static_cast<std::uint16_t>(leaf->connector)).second)
+        if (!leaf || !target_.IsOwn(leaf->product) || !done.insert(static_cast<std::uint16_t>(leaf->connector)).second)
             continue;
         if (!progress)
             progress = target_.Host().BeginProgress();

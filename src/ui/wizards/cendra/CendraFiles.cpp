@@ -49,7 +49,7 @@ bool CendraFiles::Apply(const std::string& path)
         Raise(ObjectError(1), kSource, "The file " + path + " cannot be used for this product");
     target_.AddressController();
     for (const Enclosure::SlotProduct& each : saved->GetProducts())
-        if (!WriteProduct(file, *saved, *each.product))
+        if (target_.IsOwn(each.product->Name()) && !WriteProduct(file, *saved, *each.product))
             return false;
     return true;
 }

@@ -39,10 +39,17 @@ bool CendraTarget::Choose(const std::string& key)
     if (!leaf || !enclosure_ || leaf->product >= enclosure_->GetProducts().size())
         return false;
     const std::int16_t perSlot = enclosure_->GetProducts()[leaf->product].product->ConnectorsPerSlot();
+    product_ = leaf->product;
     slot_ = static_cast<std::uint16_t>((leaf->connector - 1) / perSlot);
     connector_ = static_cast<std::uint16_t>(leaf->connector);
     host_->TheDocument().ShowTarget(enclosure_->ZorbusAddress(), leaf->connector);
     return true;
+}
+
+bool CendraTarget::IsOwn(std::size_t product) const
+{
+    const auto& products = TheEnclosure().GetProducts();
+    return product < products.size() && IsOwn(products[product].product->Name());
 }
 
 std::int16_t CendraTarget::AspiAt(const RegisterObject& target, std::uint16_t connector) const

@@ -2,6 +2,7 @@
 
 #include "ui/wizards/frame/IWizardHost.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -38,6 +39,13 @@ public:
     /// something else, which changes nothing.
     bool Choose(const std::string& key);
     bool HasConnector() const { return connector_ != kNoConnector; }
+    /// Whether the boards of a product of the enclosure, counted from 0, have the registers that the controller knows;
+    /// those of another product must not be written with them.
+    bool IsOwn(std::size_t product) const;
+    /// The same for a product by its name.
+    bool IsOwn(const std::string& product) const { return product == host_->Controller().deviceName(); }
+    /// The product of the current connector, counted from 0.
+    std::size_t Product() const { return product_; }
     std::uint16_t Slot() const { return slot_; }
     std::uint16_t Connector() const { return connector_; }
 
@@ -49,6 +57,7 @@ public:
 private:
     IWizardHost* host_ = nullptr;
     std::shared_ptr<Enclosure> enclosure_;
+    std::size_t product_ = 0;
     std::uint16_t slot_ = 0;
     std::uint16_t connector_ = kNoConnector;
 };

@@ -250,6 +250,20 @@ TEST_F(CendraTest, CopyReadsFromOneConnectorAndWritesToThree)
                        "R0.10 W64.10=0 R1.11 W65.11=0 R2.12 W66.12=0 R0.14 W64.14=32 R0.15 W64.15=64 ");
 }
 
+TEST_F(CendraTest, BoardsOfAnotherProductAreNeitherReadNorWritten)
+{
+    StartAt("Cendra", 3);
+    Frame().NodeClicked("1product Source 1");
+    Calls();
+    View().checkedNodes = {"2product Source 17"};
+    Choose("LoadAllConfigElements");
+    Frame().NodeClicked("2product Source 17");
+    EXPECT_EQ(View().Message(), "This channel belongs to another product than Cendra");
+    View().checkedNodes = {"1product Source 2"};
+    Choose("LoadAllConfigElements");
+    EXPECT_EQ(Calls(), "");
+}
+
 TEST_F(CendraTest, ALinkThatIsLostEndsTheCopyWithOneMessageAndComesBack)
 {
     Fault("operation=\"ReadParameter\" after=\"3\" times=\"1\"");
