@@ -86,12 +86,16 @@ TEST_P(RandomInput, NeitherCrashesNorHangs)
     int inputs = 0;
     long latestBeat = 0;
     for (; steady_clock::now() < end; ++inputs) {
-        if (driver->Send({"random", std::to_string(random())}) == "ended") {
+        const bool isBeat = inputs % 50 == 49;
+        const std::string answer = driver->HasEnded() ? "ended" // after the answer to the input before
+                                   : isBeat           ? driver->Send({"beat"})
+                                                      : driver->Send({"random", std::to_string(random())});
+        if (answer != "ended" && isBeat)
+            latestBeat = std::max(latestBeat, std::stol(answer));
+        if (answer == "ended") {
             const int code = driver->ExitCode();
             ASSERT_TRUE(code == 0 || code == 7 || code == 9) << code << '\n' << LastOutput(*driver);
             driver = StartProgram();
-        } else if (inputs % 50 == 49) {
-            latestBeat = std::max(latestBeat, std::stol(driver->Send({"beat"})));
         }
     }
     driver->Terminate();

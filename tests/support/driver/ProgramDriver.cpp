@@ -73,7 +73,7 @@ std::string ProgramDriver::ReadLine()
 {
     while (!process_.canReadLine())
         if (!process_.waitForReadyRead(kPatience)) {
-            if (process_.state() == QProcess::NotRunning)
+            if (HasEnded())
                 return {};
             Fail("the program does not answer; it said: " + ErrorOutput());
         }
@@ -83,7 +83,7 @@ std::string ProgramDriver::ReadLine()
 std::string ProgramDriver::Send(const std::vector<std::string>& command)
 {
     const std::string line = driver::ToLine(command);
-    if (process_.state() == QProcess::NotRunning)
+    if (HasEnded())
         Fail("the program has ended before " + line + ": " + ErrorOutput());
     process_.write(line.c_str());
     const std::string answer = ReadLine();
@@ -99,7 +99,7 @@ void ProgramDriver::Terminate() { process_.terminate(); }
 
 int ProgramDriver::ExitCode()
 {
-    if (process_.state() != QProcess::NotRunning && !process_.waitForFinished(kPatience))
+    if (!HasEnded() && !process_.waitForFinished(kPatience))
         Fail("the program does not end; it said: " + ErrorOutput());
     return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : 128 + process_.exitCode();
 }

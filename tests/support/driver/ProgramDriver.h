@@ -30,7 +30,8 @@ public:
     ProgramDriver(const ProgramDriver&) = delete;
     ProgramDriver& operator=(const ProgramDriver&) = delete;
 
-    /// Sends one command of the driver (support/driver/Commands.h) and returns the text of its answer.
+    /// Sends one command of the driver (support/driver/Commands.h) to the running program and returns the text of its
+    /// answer, "ended" when the program ended instead.
     std::string Send(const std::vector<std::string>& command);
 
     void Click(const std::string& name) { Send({"click", name}); }
@@ -47,6 +48,8 @@ public:
 
     /// Asks the program to end, as the system does at shutdown.
     void Terminate();
+    /// Whether the end of the program has been noticed.
+    bool HasEnded() const { return process_.state() == QProcess::NotRunning; }
     /// Waits for the end of the program: its exit code, or 128 and the number of the signal that killed it.
     int ExitCode();
     pid_t Pid() const { return static_cast<pid_t>(process_.processId()); }
