@@ -114,8 +114,9 @@ private:
     std::vector<ElementItem> elements_;
 
     std::string current_;
-    std::int32_t undo_ = -1; ///< a position of the bar, -1 for none, below that a code of the product
-    std::int32_t last_ = -1; ///< the position after the latest change, -1 right after a selection
+    std::int32_t undo_ = -1;       ///< a position of the bar, -1 for none, below that a code of the product
+    std::int32_t selectedAt_ = -1; ///< the position at the latest selection
+    std::int32_t last_ = -1;       ///< the position after the latest change, -1 right after a selection
     bool reversed_ = false;
 
     std::vector<Subscription> subscriptions_;

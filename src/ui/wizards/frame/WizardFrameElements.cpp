@@ -73,8 +73,10 @@ void WizardFrame::ShowTip(const std::string& element)
         view_.ShowHelpTipText(tip.text);
     else
         view_.ShowHelpTip(tip.richText);
-    if (!tip.message.empty())
+    if (!tip.message.empty()) {
+        services_.errorLog.LogError(tip.message, kErrFileNotFound, "Wizard::ShowTip");
         Say(tip.message);
+    }
 }
 
 void WizardFrame::ShowRange(const std::string& element, std::int32_t value)
@@ -97,7 +99,7 @@ void WizardFrame::ShowRange(const std::string& element, std::int32_t value)
     view_.EnableBar(true);
     Say("");
     current_ = element;
-    undo_ = setting.bar.position;
+    undo_ = selectedAt_ = setting.bar.position;
     last_ = -1;
     ShowValue();
 }
@@ -113,8 +115,7 @@ void WizardFrame::BarChanged()
         return;
     Attempt([this] {
         const std::int32_t position = view_.Bar().position;
-        if (last_ != -1)
-            undo_ = last_;
+        undo_ = last_ != -1 ? last_ : selectedAt_; // in place of a code of the product, too
         last_ = position;
         view_.EnableEntry("Undo", true);
         ShowValue();

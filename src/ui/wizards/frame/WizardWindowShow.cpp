@@ -58,6 +58,7 @@ void WizardWindow::ShowValueText(const std::string& text, TextTone tone)
     palette.setColor(QPalette::WindowText, color);
     StatusText->setPalette(palette);
     StatusText->setText(ToQt(text));
+    StatusText->setAccessibleDescription(ToQt(text)); // its name hides the text from a screen reader
     HScroll1->setAccessibleDescription(ToQt(text));
 }
 
@@ -96,8 +97,10 @@ void WizardWindow::ShowMessage(const std::string& text)
 
 void WizardWindow::ShowPanel(const std::string& key, const std::string& text)
 {
-    if (QLabel* panel = panels_.value(ToQt(key)))
+    if (QLabel* panel = panels_.value(ToQt(key))) {
         panel->setText(ToQt(text));
+        panel->setAccessibleDescription(ToQt(text));
+    }
 }
 
 void WizardWindow::ShowConnection(const std::string& picture, const std::string& meaning)

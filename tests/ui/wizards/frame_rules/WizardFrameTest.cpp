@@ -256,6 +256,8 @@ TEST_F(WizardFrameTest, MissingHelpTipsAreSaid)
     EXPECT_EQ(view_.tip, "Unable to locate the default Help Tip /prog/HelpTips/defaultHelpTip.rtf");
     EXPECT_NE(std::find(view_.messages.begin(), view_.messages.end(), "Unable to find Help Tip file gain.rtf"),
               view_.messages.end());
+    ASSERT_FALSE(errors_.entries.empty());
+    EXPECT_EQ(errors_.entries.back().description, "Unable to find Help Tip file gain.rtf");
     files_.files["/prog/HelpTips/gain.rtf"] = std::string(std::size_t{10} << 20, '{');
     Select("Gain");
     EXPECT_EQ(view_.tip.find("Unable to read the Help Tip"), 0U);
