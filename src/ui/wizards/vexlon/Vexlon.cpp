@@ -88,6 +88,7 @@ std::int32_t Vexlon::ReadElement(const std::string& element)
 
 bool Vexlon::WriteElement(const std::string& element, std::int32_t value)
 {
+    target_.CatchUp();
     return values_.Write(element, value, target_.Name());
 }
 

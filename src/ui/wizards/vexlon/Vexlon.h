@@ -26,6 +26,11 @@ public:
     void Attach(IWizardHost& host) override { board_.Attach(host); }
     bool Init(const std::shared_ptr<IProduct>&) override { return true; }
     void SetCurrentProduct(const std::string& product) override { target_.Show(product); }
+    void MenusEnabled(bool enabled) override
+    {
+        if (!enabled)
+            target_.Lost();
+    }
     void NodeClicked(const std::string& key) override { target_.NodeClicked(key); }
     bool UpdateUI(std::int32_t kind, const std::string& name) override;
 

@@ -120,6 +120,8 @@ void VexlonMode::ForgetChanges()
 {
     previousResolution_ = kNoResolution;
     previousPll_.reset();
+    refresh_ = kUnknownRefresh;
+    ShowRefresh();
 }
 
 void VexlonMode::UndoResolution()

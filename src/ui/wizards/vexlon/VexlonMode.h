@@ -25,7 +25,8 @@ public:
     void ChooseRefresh(const std::string& text);
     /// Takes back the last change of a code.
     void Undo(std::int32_t code);
-    /// Another board is the target: what was changed on the last one is not undone there.
+    /// Another board is the target: what was changed on the last one is not undone there, and its refresh rate is not
+    /// known.
     void ForgetChanges();
 
     /// Whether a register holds a part of the resolution.

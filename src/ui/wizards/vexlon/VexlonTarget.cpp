@@ -30,8 +30,10 @@ void VexlonTarget::NodeClicked(const std::string& key)
 {
     const TreeNode* node = FindNode(tree_, key);
     IUserPrompts& prompts = board_.Host().Services().prompts;
-    if (node && !node->children.empty())
+    if (node && !node->children.empty()) {
         prompts.Tell("Please select a Leaf node in the tree.");
+        board_.Host().View().SelectNode(name_); // the mark stays on the board that is adjusted
+    }
     if (!node || !IsFiberChannel(key))
         return;
     if (Connect(key)) {

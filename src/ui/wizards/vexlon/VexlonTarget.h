@@ -26,7 +26,10 @@ public:
     const std::string& Name() const { return name_; }
     /// True while the tree stands at a node with channels below it.
     bool NeedsChannel() const;
-    /// Reads all registers where the board did not answer when it became the target. Called inside the host's Read.
+    /// The link was lost: the board may come back with other values.
+    void Lost() { unread_ = true; }
+    /// Reads all registers where the board did not answer when it became the target, or was lost since. Called inside
+    /// the host's Read or Write.
     void CatchUp();
 
 private:

@@ -173,6 +173,9 @@ TEST_F(VexlonTest, ResolutionAndRefreshAreUndoneOnce)
     EXPECT_TRUE(view_.disabled.contains("Undo"));
     frame_.Undo();
     EXPECT_EQ(view_.Message(), "No resolution to undo.");
+    view_.MoveBar(view_.bar.position - 1); // the first change since the element was selected
+    frame_.Undo();
+    EXPECT_EQ(view_.Message(), "Undoing Brightness");
 }
 
 TEST_F(VexlonTest, AFailedPllWriteKeepsTheRefreshAndAnUnknownSizeWritesNothing)
@@ -186,6 +189,7 @@ TEST_F(VexlonTest, AFailedPllWriteKeepsTheRefreshAndAnUnknownSizeWritesNothing)
     prompts_.ExpectMessage(kUse60Hz, Answer::Yes);
     Choose("Resolution0_2");
     EXPECT_EQ(errors_.entries.back().number, 201);
+    EXPECT_EQ(document_->controller().GetI2CRegisterByName("VCO/CPMP")->value(), 0); // as the board has it
 }
 
 TEST_F(VexlonTest, GainAnswersHoldForTheirChannelOnly)
@@ -197,6 +201,9 @@ TEST_F(VexlonTest, GainAnswersHoldForTheirChannelOnly)
     EXPECT_EQ(prompts_.messages.back().helpTopic, 524288);
     view_.MoveBar(93);
     EXPECT_EQ(TakeWrites(), Values{});
+    prompts_.ExpectMessage("Please select a Leaf node in the tree.");
+    frame_.NodeClicked(view_.node = "Vexlon-Fx");
+    EXPECT_EQ(view_.node, "Vexlon-Fx_Channel1");
     frame_.NodeClicked("Vexlon-Fx_Channel2");
     prompts_.ExpectMessage(kGainQuestion, Answer::Yes);
     view_.MoveBar(94);
@@ -276,10 +283,12 @@ TEST_F(VexlonTest, KestraNeedsAChannelBeforeAnElementCanBeAdjusted)
     frame_.NodeClicked("Destination 1");
     frame_.NodeClicked("Vexlon-Fx_Channel2");
     EXPECT_TRUE(view_.barEnabled);
+    view_.panels["Refresh"] = "60Hz";
     usb_->mute = {PlaceOf("Red Gain")};
     prompts_.ExpectMessage("failure reading Red Gain from device USB-HID Device. Aborting read.");
     frame_.NodeClicked("Vexlon-Fx_Channel3");
     EXPECT_EQ(document_->controller().deviceName(), "Vexlon-Fx_Channel3");
+    EXPECT_EQ(view_.panels["Refresh"], " ");
 }
 
 TEST_F(VexlonTest, ABoardThatComesAfterTheStartIsReadBeforeItsFirstElement)
@@ -291,6 +300,10 @@ TEST_F(VexlonTest, ABoardThatComesAfterTheStartIsReadBeforeItsFirstElement)
     usb_->deadIds.clear();
     Select("Contrast");
     EXPECT_EQ(view_.bar.position, 254 - 30);
+    frame_.CommFailure();
+    Fill({{"Red Gain", 50}, {"Green Gain", 50}, {"Blue Gain", 80}}); // it had no power
+    view_.MoveBar(254 - 51);
+    EXPECT_EQ(Cell("Red Gain"), Bytes{41}); // from 60 by 9
 }
 
 }
