@@ -94,7 +94,8 @@ inline InitFileBuilder ManyRegisters(int count)
                            BitsXml("Reserved", "0:1");
         if (i % 10 == 9)
             more += Xml("Dependency", "Register " + std::to_string((i + 1) % count));
-        file.registers += RegisterXml(name, std::string{kHex[i / 16 % 4], kHex[i % 16]}, more);
+        file.registers += RegisterXml(
+            name, std::string{kHex[i / 4096 % 16], kHex[i / 256 % 16], kHex[i / 16 % 16], kHex[i % 16]}, more);
         if (i % 5 == 0)
             file.properties += PropertyXml("Property " + std::to_string(i),
                                            Xml("HelpTip", "tip.rtf") + FieldXml("Value", name, "4:7", "0:3"));

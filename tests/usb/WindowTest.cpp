@@ -63,6 +63,29 @@ TEST_F(Window, ShowsWhatTheBoardHolds)
     EXPECT_EQ(Value(2), "C");
 }
 
+TEST_F(Window, KeepsTheSettingsOfTheBoardInAFile)
+{
+    const auto nameFile = [&](const std::string& entry) {
+        driver.Menu("AdvancedForm/" + entry);
+        driver.WaitShown("FileDialog");
+        driver.Type(folder.File("mine.xml"));
+        driver.WaitText("fileNameEdit", "mine.xml"); // the dialog lists the folder meanwhile
+        driver.Key("Return");
+    };
+    Enter(1, "5a");
+    Press("BTN_Load", "1 register written, none failed");
+    nameFile("SaveAs");
+    driver.WaitText("StatusBar1/Message", "saved");
+    Enter(1, "11");
+    Press("BTN_Load", "1 register written, none failed");
+    nameFile("Open");
+    driver.WaitText("UI_RegisterItem_1/txtInput", "5A");
+    Press("BTN_Load", "registers written, none failed");
+    Enter(1, "22");
+    Press("BTN_Read", "registers read, none failed");
+    EXPECT_EQ(Value(1), "5A");
+}
+
 TEST_F(Window, LivesWhateverTheBoardDoes)
 {
     ResendAll("registers written, none failed");
