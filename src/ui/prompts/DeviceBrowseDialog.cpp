@@ -33,6 +33,9 @@ QLayout* DeviceBrowseDialog::MakeButtons()
     NameControl(*select, "OKButton", select->text());
     NameControl(*cancel, "CancelButton", cancel->text());
     select->setDefault(true);
+    select->setEnabled(false); // Return on a list without a selection must not cancel
+    QObject::connect(List1, &QListWidget::itemSelectionChanged, select,
+                     [this, select] { select->setEnabled(!List1->selectedItems().isEmpty()); });
     QObject::connect(select, &QPushButton::clicked, this, [this] { Guarded([this] { accept(); }); });
     QObject::connect(cancel, &QPushButton::clicked, this, [this] { Guarded([this] { reject(); }); });
 
