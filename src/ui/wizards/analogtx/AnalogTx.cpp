@@ -7,6 +7,7 @@
 #include "ui/wizards/frame/BoardLoading.h"
 #include "ui/wizards/frame/IWizardHost.h"
 #include "ui/wizards/frame/NavigationTree.h"
+#include "ui/wizards/frame/NodeIdGuard.h"
 
 #include <utility>
 
@@ -52,7 +53,8 @@ FlashSteps AnalogTx::Steps()
 {
     const auto restore = [this](SerialZorbus& link) {
         const bool restored = link.RestoreCache();
-        unread_ = unread_ || restored;
+        if (restored)
+            known_ = Knowledge::None;
         return restored;
     };
     return {[](SerialZorbus& link) { return link.ResetCache(); }, restore, AllFlashTexts};
@@ -72,7 +74,8 @@ bool AnalogTx::Init(const std::shared_ptr<IProduct>&)
         [this](const std::shared_ptr<IDevice>& device) { r_document_CommLinkChanged(device); });
     menu_.HandOverSettings();
     // The main window reads the transmitter when the link to it comes up.
-    unread_ = !host_->EnsureLink() || !menu_.Link();
+    if (!host_->EnsureLink() || !menu_.Link())
+        known_ = Knowledge::None;
     return true;
 }
 
@@ -94,19 +97,23 @@ std::int16_t AnalogTx::Aspi() const
     return isOnNetwork && host_->Controller().deviceName() == kProduct ? kAspi : kNoAspi;
 }
 
-std::int32_t AnalogTx::ReadElement(const std::string& element)
-{
-    if (std::exchange(unread_, false))
-        CatchUp();
-    return elements_.Read(element);
-}
-
-/// Reads all registers: they are what a data file is saved from.
+/// One register that cannot be read does not keep the others from being adjusted.
 void AnalogTx::CatchUp()
 {
+    if (known_ == Knowledge::None)
+        ReadRegisters();
+}
+
+void AnalogTx::ReadRegisters()
+{
     IConfigController& controller = host_->Controller();
+    const auto busy = host_->Services().beginBusy();
+    const int before = host_->Failures();
+    known_ = Knowledge::Incomplete;
     for (std::int16_t i = 0; i < controller.GetI2CRegisterCount(); ++i)
         controller.GetI2CRegister(i)->ReadValue(host_->Device(), Aspi());
+    if (host_->Failures() == before)
+        known_ = Knowledge::Complete;
 }
 
 bool AnalogTx::WriteElement(const std::string& element, std::int32_t value)
@@ -135,11 +142,19 @@ bool AnalogTx::OpenFile(const std::string& path)
     IConfigController& controller = host_->Controller();
     if (!IsOfThisBoard(path))
         return false;
-    const std::int32_t nodeId = controller.pid();
+    const NodeIdGuard kept(controller);
     const bool isLoaded = BoardLoading(*host_, controller.deviceName(), Aspi()).Load(path);
-    controller.pid(nodeId);
-    unread_ = unread_ && !isLoaded;
+    if (isLoaded)
+        known_ = Knowledge::Complete;
     return isLoaded;
+}
+
+/// A file is saved from the registers: they must not hold anything that the board does not have.
+bool AnalogTx::AddToFile(TarvexData&)
+{
+    if (host_->EnsureLink() && known_ == Knowledge::Incomplete)
+        ReadRegisters();
+    return known_ == Knowledge::Complete;
 }
 
 /// The registers of another board would be written to whatever stands at their addresses in this one.
@@ -157,15 +172,14 @@ bool AnalogTx::IsOfThisBoard(const std::string& path)
 void AnalogTx::MakeCurrentAgain()
 {
     IConfigController& controller = host_->Controller();
-    const std::int32_t nodeId = controller.pid();
+    const NodeIdGuard kept(controller);
     controller.InitDevice(kProduct);
-    controller.pid(nodeId);
-    unread_ = true;
+    known_ = Knowledge::None;
 }
 
 void AnalogTx::r_document_CommLinkChanged(const std::shared_ptr<IDevice>&)
 {
-    unread_ = true;
+    known_ = Knowledge::None;
     menu_.ehSerialZorbus_Connected(kNoPort);
 }
 

@@ -29,16 +29,18 @@ public:
     void SetCurrentProduct(const std::string& product) override;
     void DeviceBound(const std::shared_ptr<IDevice>& device) override { menu_.DeviceBound(device); }
     void MenusEnabled(bool enabled) override { menu_.MenusEnabled(enabled); }
+    void CatchUp() override;
     void NodeClicked(const std::string& key) override;
 
     ElementBounds Bounds(const std::string& element) override { return elements_.Bounds(element); }
-    std::int32_t ReadElement(const std::string& element) override;
+    std::int32_t ReadElement(const std::string& element) override { return elements_.Read(element); }
     bool WriteElement(const std::string& element, std::int32_t value) override;
     std::string ValueText(const std::string& element, std::int32_t position) override;
     std::string HelpPicture(const std::string& element) override;
     std::string UnreadMessage(const std::string& element) override;
 
     bool OpenFile(const std::string& path) override;
+    bool AddToFile(TarvexData& file) override;
     void Unload() override;
 
     /// Another link has been put in place while the wizard is at work.
@@ -49,14 +51,15 @@ private:
     FlashSteps Steps();
     bool IsOfThisBoard(const std::string& path);
     void MakeCurrentAgain();
-    void CatchUp();
+    void ReadRegisters();
 
     IWizardHost* host_ = nullptr;
     std::unique_ptr<ISerialWizardDialogs> dialogs_;
     BitsetElements elements_;
     SerialWizardMenu menu_;
     SerialWizardFlash flash_;
-    bool unread_ = false; ///< the registers do not hold what the board has
+    /// Whether the registers hold what the board has.
+    enum class Knowledge { None, Incomplete, Complete } known_ = Knowledge::Complete;
     Subscription linkChanged_;
 };
 

@@ -8,6 +8,7 @@
 #include "shell/Document.h"
 #include "ui/wizards/cendra/CendraStep.h"
 #include "ui/wizards/cendra/EnclosureMatch.h"
+#include "ui/wizards/frame/NodeIdGuard.h"
 
 #include <algorithm>
 
@@ -45,13 +46,33 @@ bool CendraFiles::Apply(const std::string& path)
     const auto saved = EnclosureIn(file);
     if (!IsCompatible(file, *saved))
         return false;
-    if (!host.Controller().InitDeviceFromFile(path))
-        Raise(ObjectError(1), kSource, "The file " + path + " cannot be used for this product");
-    target_.AddressController();
+    UseMapOf(path);
     for (const Enclosure::SlotProduct& each : saved->GetProducts())
         if (target_.IsOwn(each.product->Name()) && !WriteProduct(file, *saved, *each.product))
             return false;
+    ReadCurrentConnector();
     return true;
+}
+
+void CendraFiles::UseMapOf(const std::string& path) const
+{
+    IConfigController& controller = target_.Host().Controller();
+    const NodeIdGuard kept(controller);
+    if (!controller.InitDeviceFromFile(path))
+        Raise(ObjectError(1), kSource, "The file " + path + " cannot be used for this product");
+}
+
+/// The registers were left with what the last connector got.
+void CendraFiles::ReadCurrentConnector() const
+{
+    IWizardHost& host = target_.Host();
+    const auto busy = host.Services().beginBusy();
+    for (std::int16_t i = 0; i < host.Controller().GetI2CRegisterCount(); ++i) {
+        const auto each = host.Controller().GetI2CRegister(i);
+        const std::int16_t aspi = target_.Aspi(*each);
+        if (aspi != kNoAspi)
+            each->ReadValue(host.Device(), aspi);
+    }
 }
 
 /// The one in use, when the file holds it; otherwise its first one.

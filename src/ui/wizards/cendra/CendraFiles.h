@@ -25,6 +25,8 @@ public:
 
 private:
     bool Apply(const std::string& path);
+    void UseMapOf(const std::string& path) const;
+    void ReadCurrentConnector() const;
     std::shared_ptr<Enclosure> EnclosureIn(const TarvexData& file) const;
     bool IsCompatible(const TarvexData& file, const Enclosure& saved) const;
     bool WriteProduct(const TarvexData& file, const Enclosure& saved, IProduct& product);

@@ -50,6 +50,9 @@ public:
     virtual void DeviceBound(const std::shared_ptr<IDevice>& device) { (void)device; }
     /// The frame has switched off the entries that are off while communication fails, or has switched them on again.
     virtual void MenusEnabled(bool enabled) { (void)enabled; }
+    /// The link stands and is about to be used: reads again what the product keeps of the board, where it was lost
+    /// since.
+    virtual void CatchUp() {}
     /// The user clicked a node of the tree.
     virtual void NodeClicked(const std::string& key) = 0;
     /// The name in "Unable to establish communication with ..."; empty takes the controller's device name.

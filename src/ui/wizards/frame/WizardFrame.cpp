@@ -129,14 +129,30 @@ void WizardFrame::NodeClicked(const std::string& key)
 void WizardFrame::Open()
 {
     Attempt([this] {
-        const auto path = files_.AskOpenName();
-        if (!path || !product_.OpenFile(*path))
-            return;
-        SelectAgain();
-        product_.FileOpened();
-        Say("Opened file: " + *path);
-        TellOtherViews(kEverythingChanged, "");
+        if (const auto path = files_.AskOpenName())
+            OpenFile(*path);
     });
+}
+
+void WizardFrame::OpenFile(const std::string& path)
+{
+    const int before = link_.Failures();
+    const bool opened = product_.OpenFile(path);
+    const bool complete = link_.Failures() == before;
+    if (!opened && complete)
+        return; // the board is as it was
+    if (link_.HasFailed()) {
+        current_.clear(); // how much of the file the board holds is not known
+        return view_.EnableBar(false);
+    }
+    SelectAgain();
+    if (opened)
+        product_.FileOpened();
+    if (!complete)
+        Say("Not everything in " + path + " reached the board. Open it again.");
+    else
+        Say("Opened file: " + path);
+    TellOtherViews(kEverythingChanged, "");
 }
 
 void WizardFrame::Save()
@@ -181,11 +197,19 @@ std::string WizardFrame::PicturePath(const std::string& fileName) const
     return FindPicture(services_.files, services_.state, fileName);
 }
 
+bool WizardFrame::EnsureLink()
+{
+    if (!link_.EnsureLink())
+        return false;
+    product_.CatchUp();
+    return true;
+}
+
 bool WizardFrame::Transfer(std::int32_t error, const std::string& source, const std::string& text,
                            const std::function<void()>& transfers)
 {
     const auto busy = services_.beginBusy();
-    if (!link_.EnsureLink())
+    if (!EnsureLink())
         return false;
     const auto kept = document_->device(); // stays while it is at work
     const int before = link_.Failures();

@@ -70,7 +70,7 @@ public:
     IDevice& Device() override { return link_.Device(); }
     std::string PicturePath(const std::string& fileName) const override;
     bool CheckConnection() override { return link_.CheckConnection(); }
-    bool EnsureLink() override { return link_.EnsureLink(); }
+    bool EnsureLink() override;
     void EnterFailureState() override { link_.EnterFailureState(); }
     bool Write(const std::string& source, const std::string& what, const std::function<void()>& writes) override;
     bool Read(const std::string& source, const std::string& what, const std::function<void()>& reads) override;
@@ -97,6 +97,8 @@ private:
     void ShowTip(const std::string& element);
     void ShowRange(const std::string& element, std::int32_t value);
     void ShowValue();
+    void ShowPosition(std::int32_t position);
+    void OpenFile(const std::string& path);
     bool WriteAt(std::int32_t position);
     void UndoTo(std::int32_t position);
     void ShowFailure(std::int32_t number, const std::string& description);

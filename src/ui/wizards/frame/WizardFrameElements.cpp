@@ -115,14 +115,32 @@ void WizardFrame::BarChanged()
         return;
     Attempt([this] {
         const std::int32_t position = view_.Bar().position;
-        undo_ = last_ != -1 ? last_ : selectedAt_; // in place of a code of the product, too
+        const std::int32_t before = last_ != -1 ? last_ : selectedAt_;
+        ShowValue();
+        try {
+            if (!WriteAt(position))
+                return ShowPosition(before);
+        } catch (const Error&) {
+            ShowPosition(before); // the board has not taken the new one
+            throw;
+        }
+        undo_ = before; // in place of a code of the product, too
         last_ = position;
         view_.EnableEntry("Undo", true);
-        ShowValue();
-        WriteAt(position);
     });
 }
 
+/// Moves the bar without a write.
+void WizardFrame::ShowPosition(std::int32_t position)
+{
+    BarState bar = view_.Bar();
+    bar.position = position;
+    view_.ShowBar(bar);
+    if (!link_.HasFailed())
+        ShowValue();
+}
+
+/// False when nothing was written, because the link is down or the product left it.
 bool WizardFrame::WriteAt(std::int32_t position)
 {
     const std::string element = current_;
@@ -135,7 +153,7 @@ bool WizardFrame::WriteAt(std::int32_t position)
         files_.MarkDirty();
         TellOtherViews(kPropertyChanged, element);
     }
-    return true;
+    return written;
 }
 
 void WizardFrame::OfferUndo(std::int32_t code)

@@ -68,6 +68,13 @@ void WizardTree::keyPressEvent(QKeyEvent* event)
         QTreeWidget::keyPressEvent(event);
 }
 
+QItemSelectionModel::SelectionFlags WizardTree::selectionCommand(const QModelIndex& index, const QEvent* event) const
+{
+    if (event != nullptr && event->type() == QEvent::KeyPress)
+        return QItemSelectionModel::NoUpdate;
+    return QTreeWidget::selectionCommand(index, event);
+}
+
 void WizardTree::ShowNodes(const std::vector<TreeNode>& roots)
 {
     clear();

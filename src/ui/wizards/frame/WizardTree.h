@@ -10,7 +10,8 @@
 
 namespace tarvex {
 
-/// The navigation tree. A node is chosen with a click, or with Enter; a click on its check box only ticks it.
+/// The navigation tree. A node is chosen with a click, or with Enter; a click on its check box only ticks it. The other
+/// keys move the keyboard, not the mark: this stays on what was chosen.
 class WizardTree : public QTreeWidget {
 public:
     explicit WizardTree(QWidget* parent);
@@ -25,6 +26,8 @@ public:
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
+    void keyboardSearch(const QString&) override {} // would move the mark
 
 private:
     void FitToCaptions();

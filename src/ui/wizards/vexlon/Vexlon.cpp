@@ -44,25 +44,33 @@ WizardDescription Vexlon::Describe()
     description.panels = {"Resolution", "Refresh"};
     description.elements = BuiltInVexlonElements();
     description.options = {
-        ResolutionMenu(), RefreshMenu(), Entry("ReSync", "ReSync Monitor", [this] { commands_.ReSync(); }),
+        ResolutionMenu(), RefreshMenu(), Entry("ReSync", "ReSync Monitor", OnBoard([this] { commands_.ReSync(); })),
         Menu("PulseWidth", "Horizontal Pulse Width",
-             {Entry("IncreaseHSyncPulseWidth", "Increase", [this] { commands_.StepPulseWidth(Step::Up); }),
-              Entry("DecreaseHSyncPulseWidth", "Decrease", [this] { commands_.StepPulseWidth(Step::Down); })}),
+             {Entry("IncreaseHSyncPulseWidth", "Increase", OnBoard([this] { commands_.StepPulseWidth(Step::Up); })),
+              Entry("DecreaseHSyncPulseWidth", "Decrease", OnBoard([this] { commands_.StepPulseWidth(Step::Down); }))}),
         Menu("FineTuneScale", "Fine Tune Shift",
-             {Entry("PLL_MSBIncrement", "Increment", [this] { commands_.ShiftFineTune(Step::Up); }),
-              Entry("PLL_MSBDecrement", "Decrement", [this] { commands_.ShiftFineTune(Step::Down); })})};
+             {Entry("PLL_MSBIncrement", "Increment", OnBoard([this] { commands_.ShiftFineTune(Step::Up); })),
+              Entry("PLL_MSBDecrement", "Decrement", OnBoard([this] { commands_.ShiftFineTune(Step::Down); }))})};
     return description;
+}
+
+std::function<void()> Vexlon::OnBoard(std::function<void()> command)
+{
+    return [this, command = std::move(command)] {
+        if (board_.Host().EnsureLink())
+            command();
+    };
 }
 
 MenuEntry Vexlon::ResolutionMenu()
 {
-    const auto choose = [this](const char* item) { mode_.ChooseResolution(item); };
+    const auto choose = [this](const char* item) { OnBoard([=, this] { mode_.ChooseResolution(item); })(); };
     return Menu("Resolution", "Set Resolution", CheckableEntries("Resolution0", kResolutionItems, choose));
 }
 
 MenuEntry Vexlon::RefreshMenu()
 {
-    const auto choose = [this](const char* item) { mode_.ChooseRefresh(item); };
+    const auto choose = [this](const char* item) { OnBoard([=, this] { mode_.ChooseRefresh(item); })(); };
     return Menu("Refresh", "Set Refresh", CheckableEntries("Refresh0", kRefreshItems, choose));
 }
 
@@ -80,15 +88,8 @@ std::optional<NoTarget> Vexlon::MissingTarget()
     return NoTarget{"Please select a Leaf node in the tree.", ""};
 }
 
-std::int32_t Vexlon::ReadElement(const std::string& element)
-{
-    target_.CatchUp();
-    return values_.Read(element);
-}
-
 bool Vexlon::WriteElement(const std::string& element, std::int32_t value)
 {
-    target_.CatchUp();
     return values_.Write(element, value, target_.Name());
 }
 

@@ -31,12 +31,13 @@ public:
         if (!enabled)
             target_.Lost();
     }
+    void CatchUp() override { target_.CatchUp(); }
     void NodeClicked(const std::string& key) override { target_.NodeClicked(key); }
     bool UpdateUI(std::int32_t kind, const std::string& name) override;
 
     std::optional<NoTarget> MissingTarget() override;
     ElementBounds Bounds(const std::string& element) override { return values_.Bounds(element); }
-    std::int32_t ReadElement(const std::string& element) override;
+    std::int32_t ReadElement(const std::string& element) override { return values_.Read(element); }
     bool WriteElement(const std::string& element, std::int32_t value) override;
     std::string HelpPicture(const std::string& element) override;
 
@@ -45,6 +46,8 @@ public:
     void FileOpened() override;
 
 private:
+    /// What a menu entry does once the link stands and the registers hold what the board has.
+    std::function<void()> OnBoard(std::function<void()> command);
     MenuEntry ResolutionMenu();
     MenuEntry RefreshMenu();
 

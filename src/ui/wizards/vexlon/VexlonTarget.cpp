@@ -6,7 +6,15 @@
 #include "ui/wizards/frame/NavigationTree.h"
 #include "ui/wizards/frame/WizardFrame.h"
 
+#include <utility>
+
 namespace tarvex {
+
+namespace {
+
+constexpr int kFailuresTolerated = 5; ///< after more of them the board is not asked any further
+
+}
 
 void VexlonTarget::Show(const std::string& product)
 {
@@ -85,7 +93,8 @@ void VexlonTarget::TakeOver()
     std::optional<std::string> failed;
     {
         const auto progress = host.BeginProgress();
-        failed = ReadRegisters();
+        failed = ReadRegisters(0);
+        unread_ = failed.has_value();
         if (failed)
             host.Services().prompts.Tell("failure reading " + *failed + " from device " + host.Device().DeviceType() +
                                          ". Aborting read.");
@@ -97,22 +106,26 @@ void VexlonTarget::TakeOver()
 
 void VexlonTarget::CatchUp()
 {
-    if (unread_)
-        ReadRegisters();
+    if (!std::exchange(unread_, false))
+        return;
+    ReadRegisters(kFailuresTolerated);
 }
 
-std::optional<std::string> VexlonTarget::ReadRegisters()
+/// The name of the first register that could not be read.
+std::optional<std::string> VexlonTarget::ReadRegisters(int failuresTolerated)
 {
     IWizardHost& host = board_.Host();
     const auto busy = host.Services().beginBusy();
-    unread_ = false;
     const std::int16_t count = host.Controller().GetI2CRegisterCount();
     host.View().Progress().SetRange(count, 1);
     std::optional<std::string> failed;
-    for (std::int16_t i = 0; i < count && !failed; ++i) {
+    int failures = 0;
+    for (std::int16_t i = 0; i < count && failures <= failuresTolerated; ++i) {
         const std::string name = host.Controller().GetI2CRegister(i)->Name();
-        if (!ReadOne(name))
-            failed = name;
+        if (ReadOne(name))
+            continue;
+        ++failures;
+        failed = failed.value_or(name);
     }
     mode_.ReadBackResolution();
     return failed;

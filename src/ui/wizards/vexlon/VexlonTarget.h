@@ -28,8 +28,7 @@ public:
     bool NeedsChannel() const;
     /// The link was lost: the board may come back with other values.
     void Lost() { unread_ = true; }
-    /// Reads all registers where the board did not answer when it became the target, or was lost since. Called inside
-    /// the host's Read or Write.
+    /// Reads all registers where not all were read when the board became the target, or it was lost since.
     void CatchUp();
 
 private:
@@ -37,7 +36,7 @@ private:
     void Reconnect();
     void RestoreLast();
     void TakeOver();
-    std::optional<std::string> ReadRegisters();
+    std::optional<std::string> ReadRegisters(int failuresTolerated);
     bool ReadOne(const std::string& name);
 
     VexlonBoard& board_;

@@ -199,6 +199,7 @@ TEST_F(VexlonTest, GainAnswersHoldForTheirChannelOnly)
     prompts_.ExpectMessage(kGainQuestion, Answer::No);
     view_.MoveBar(94);
     EXPECT_EQ(prompts_.messages.back().helpTopic, 524288);
+    EXPECT_EQ(view_.bar.position, 104);
     view_.MoveBar(93);
     EXPECT_EQ(TakeWrites(), Values{});
     prompts_.ExpectMessage("Please select a Leaf node in the tree.");
@@ -256,7 +257,7 @@ TEST_F(VexlonTest, AFileIsAppliedOnlyToAWritablePreset)
     frame_.Open();
     EXPECT_EQ(Cell("Red Gain"), Bytes{100});
     EXPECT_EQ(Cell("DE_TOP"), Bytes{254}); // it stands behind the ones that fail
-    EXPECT_EQ(view_.Message(), "Opened file: /home/a.xml");
+    EXPECT_EQ(view_.Message(), "Not everything in /home/a.xml reached the board. Open it again.");
 }
 
 TEST_F(VexlonTest, AChannelThatDoesNotAnswerGivesWayToTheLastOne)
