@@ -1,14 +1,11 @@
 #include "ui/wizards/analogtx/AnalogTx.h"
 #include "base/Text.h"
-#include "comm/SerialZorbus.h"
 #include "model/RegisterObject.h"
-#include "platform/files/PosixFileSystem.h"
-#include "platform/zorbus/SimulatedNorvaneSystem.h"
-#include "support/DocumentFakes.h"
 #include "support/FakeDevice.h"
 #include "support/FakeMainView.h"
 #include "support/FakeWait.h"
 #include "support/FakeWizardFrameView.h"
+#include "support/ShippedNetwork.h"
 #include "ui/wizards/frame/WizardFrame.h"
 
 namespace tarvex {
@@ -36,19 +33,10 @@ class AnalogTxTest : public testing::Test, protected DocumentFakes {
 protected:
     AnalogTxTest()
     {
-        for (const std::string file : {"/Tarvex.xml", "/ZorbusNetwork.xml"})
-            files_.files["/prog" + file] = PosixFileSystem().ReadWholeFile(TARVEX_SHARE + file, 1'000'000);
+        UseShippedNetwork(*this, wait_, rest_);
         preferences_.serial.kind = kSerialPortKind;
         demo_->type = "Demo device";
         services_.links["Demo"] = [this] { return demo_; };
-        services_.links[kSerialDeviceType] = [this] {
-            const auto library = std::make_shared<SimulatedNorvaneSystem>(
-                SimulatedNetworkFiles{"/prog/ZorbusNetwork.xml", true, "flash", "journal"},
-                SimulatedNorvaneSystem::Services{&files_, &wait_, &errors_});
-            return std::make_shared<SerialZorbus>(
-                SerialZorbusServices{[=] { return library; }, state_, packetLog_, errors_, prompts_, wait_, rest_},
-                preferences_.serial);
-        };
         view_.barChanged = [this] { frame_.BarChanged(); };
     }
     ~AnalogTxTest() override { frame_.Unload(); }
@@ -202,6 +190,22 @@ TEST_F(AnalogTxTest, ALostBoardLeavesThePortClosedAndOpensItWhenItAnswersAgain)
     view_.MoveBar(51);
     EXPECT_EQ(port(), "51&Disable COM");
     EXPECT_EQ(view_.disabled, std::set<std::string>{"SerialPortSettings"});
+}
+
+TEST_F(AnalogTxTest, WhatWasNeverReadIsNotSaved)
+{
+    preferences_.serial.comPort = 3; // nothing is attached there
+    prompts_.ExpectMessage("Unable to establish communication with Ossary-Plus");
+    Start("operation='ReadParameter' parameter='14' times='2' as='refused'");
+    ports_ = {1};
+    Choose("SerialPortSettings");
+    prompts_.ExpectSaveFile("/home/a.xml");
+    prompts_.ExpectMessage("Unable to save /home/a.xml. Please try again with a different name.");
+    frame_.SaveAs();
+    EXPECT_FALSE(files_.files.contains("/home/a.xml"));
+    prompts_.ExpectSaveFile("/home/a.xml");
+    frame_.SaveAs();
+    EXPECT_TRUE(files_.files.contains("/home/a.xml"));
 }
 
 TEST_F(AnalogTxTest, WithoutABoardOnlyThePortIsWithinReachAndAnotherLinkCanTakeItsPlace)

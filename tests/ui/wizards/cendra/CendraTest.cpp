@@ -1,14 +1,11 @@
 #include "ui/wizards/cendra/Cendra.h"
 #include "base/Text.h"
 #include "comm/DemoDevice.h"
-#include "comm/SerialZorbus.h"
-#include "platform/files/PosixFileSystem.h"
-#include "platform/zorbus/SimulatedNorvaneSystem.h"
-#include "support/DocumentFakes.h"
 #include "support/ExitCode.h"
 #include "support/FakeMainView.h"
 #include "support/FakeWait.h"
 #include "support/FakeWizardFrameView.h"
+#include "support/ShippedNetwork.h"
 #include "ui/wizards/frame/ISerialWizardDialogs.h"
 #include "ui/wizards/frame/WizardFrame.h"
 
@@ -41,17 +38,8 @@ class CendraTest : public testing::Test, protected DocumentFakes {
 protected:
     CendraTest()
     {
-        for (const std::string file : {"/Tarvex.xml", "/ZorbusNetwork.xml"})
-            files_.files["/prog" + file] = PosixFileSystem().ReadWholeFile(TARVEX_SHARE + file, 1'000'000);
+        UseShippedNetwork(*this, wait_, rest_);
         services_.links["Demo"] = [this] { return std::make_shared<DemoDevice>(prompts_); };
-        services_.links[kSerialDeviceType] = [this] {
-            const auto library = std::make_shared<SimulatedNorvaneSystem>(
-                SimulatedNetworkFiles{"/prog/ZorbusNetwork.xml", true, "flash", "journal"},
-                SimulatedNorvaneSystem::Services{&files_, &wait_, &errors_});
-            return std::make_shared<SerialZorbus>(
-                SerialZorbusServices{[=] { return library; }, state_, packetLog_, errors_, prompts_, wait_, rest_},
-                preferences_.serial);
-        };
         state_.g_minInitVersion = "2.4.0";
     }
 
@@ -281,6 +269,7 @@ TEST_F(CendraTest, ALinkThatIsLostEndsTheCopyWithOneMessageAndComesBack)
 
 TEST_F(CendraTest, AFileHoldsEveryConnector)
 {
+    Fault("operation=\"WriteParameter\" aspi=\"88\" after=\"2\" times=\"1\" as=\"refused\"");
     StartAt("Cendra", 0);
     Frame().NodeClicked("1product Source 12");
     Select("Color_Peak");
@@ -291,11 +280,17 @@ TEST_F(CendraTest, AFileHoldsEveryConnector)
     View().MoveBar(98);
     Calls();
     prompts_.ExpectOpenFile("/data/rack.xml");
+    prompts_.ExpectMessage("error writing register to Cendra"); // and those behind it are written
     Frame().Open();
     const std::string calls = Calls();
     EXPECT_NE(calls.find("W88.14=99 "), std::string::npos) << calls;
     EXPECT_EQ(Split(calls, "W").size(), 1 + 8 * 5U) << calls;
+    EXPECT_TRUE(calls.ends_with("R88.10 R89.11 R90.12 R88.14 R88.15 R88.14 ")) << calls; // what the registers hold
     EXPECT_EQ(View().bar.position, 99);
+    EXPECT_EQ(View().Message(), "Not everything in /data/rack.xml reached the board. Open it again.");
+    prompts_.ExpectOpenFile("/data/rack.xml");
+    Frame().Open();
+    Calls();
     EXPECT_EQ(View().Message(), "Opened file: /data/rack.xml");
     EXPECT_EQ(program_->document.controller().pid(), 0x1A2B);
 

@@ -168,6 +168,22 @@ TEST_F(WizardWindowTest, MenusShowWhatTheProductDescribes)
     EXPECT_TRUE(window_.findChild<QMenu*>("File")->menuAction()->isEnabled());
 }
 
+TEST(WizardTree, TheMarkStaysOnTheTargetUntilAnotherIsChosen)
+{
+    WizardTree tree(nullptr);
+    tree.ShowNodes({{"root", "Root", {{"a", "First"}, {"b", "Second"}}}});
+    tree.Select("a");
+    std::vector<std::string> chosen;
+    const auto heard = tree.NodeClicked.Subscribe([&](const std::string& key) { chosen.push_back(key); });
+    const auto marked = [&] { return tree.selectedItems().value(0)->text(0); };
+    QTest::keyClick(&tree, Qt::Key_Down);
+    QTest::keyClick(&tree, Qt::Key_R);
+    EXPECT_EQ(marked(), "First");
+    EXPECT_TRUE(chosen.empty());
+    QTest::keyClick(&tree, Qt::Key_Return);
+    EXPECT_EQ(chosen, std::vector<std::string>{"b"});
+}
+
 TEST(WizardTree, ATickChoosesNoNode)
 {
     WizardTree tree(nullptr);

@@ -197,7 +197,10 @@ TEST_F(WizardFrameTest, ABoardThatRefusesOneTransferStaysConnected)
     Select("Gain");
     EXPECT_EQ(view_.disabled, (std::set<std::string>{"Options", "Undo"}));
     usb_->mute = {kGain};
+    const std::int32_t before = view_.bar.position;
     view_.MoveBar(55);
+    EXPECT_EQ(view_.bar.position, before);
+    EXPECT_EQ(view_.valueText, std::to_string(before));
     EXPECT_EQ(view_.Message(), "Failed to write Gain");
     EXPECT_FALSE(MenusAreOff());
     Select("Gain");

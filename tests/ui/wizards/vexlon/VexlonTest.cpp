@@ -286,10 +286,12 @@ TEST_F(VexlonTest, KestraNeedsAChannelBeforeAnElementCanBeAdjusted)
     EXPECT_TRUE(view_.barEnabled);
     view_.panels["Refresh"] = "60Hz";
     usb_->mute = {PlaceOf("Red Gain")};
+    Cell("Blue Gain") = {77};
     prompts_.ExpectMessage("failure reading Red Gain from device USB-HID Device. Aborting read.");
     frame_.NodeClicked("Vexlon-Fx_Channel3");
     EXPECT_EQ(document_->controller().deviceName(), "Vexlon-Fx_Channel3");
     EXPECT_EQ(view_.panels["Refresh"], " ");
+    EXPECT_EQ(document_->controller().GetI2CRegisterByName("Blue Gain")->value(), 77); // behind the one that failed
 }
 
 TEST_F(VexlonTest, ABoardThatComesAfterTheStartIsReadBeforeItsFirstElement)
