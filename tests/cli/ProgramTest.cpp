@@ -45,50 +45,87 @@ TEST_F(ProgramTest, AnUnusableInitFileIsLoggedAndEndsWith2)
     EXPECT_EQ(WorkingCopies(), 0);
 }
 
-/// A new user at the shipped network of enclosures, with the product Cendra.
-TEST_F(ProgramTest, AnEnclosureIsReachedByItsAddressAndSettingsAreKept)
-{
-    ProgramDriver driver(With({}));
-    const auto enter = [&](const std::string& box, const std::string& text) {
+/// A new user at the shipped network of enclosures.
+class EnclosureRun : public ProgramTest {
+protected:
+    EnclosureRun() : driver(With({})) { driver.WaitShown("AdvancedForm"); }
+
+    void Enter(const std::string& box, const std::string& text)
+    {
         driver.Click(box);
         driver.Key("Ctrl+A");
         driver.Type(text);
-    };
-    const auto closeBox = [&](const std::string& text, const char* key) {
+    }
+    void CloseBox(const std::string& text, const char* key)
+    {
         driver.WaitText("MessageBox", text);
         driver.Key(key);
-    };
-    const auto click = [&](const std::string& button, const std::string& status) {
+    }
+    void Click(const std::string& button, const std::string& status)
+    {
         driver.Click(button);
         driver.WaitText("StatusBar1/Message", status);
-    };
-    driver.WaitShown("AdvancedForm");
+    }
+    void ChooseSettings(std::initializer_list<const char*> keys)
+    {
+        driver.WaitShown("SerialSettings");
+        for (const char* key : keys)
+            driver.Key(key);
+        driver.Key("Return");
+    }
+    void FailOn(const std::string& port)
+    {
+        CloseBox("Unable to communicate to hardware.", "Return");
+        EXPECT_EQ(driver.Text("StatusBar1/Message"), "Failed to verify communication to COM " + port);
+    }
+
+    ProgramDriver driver;
+};
+
+TEST_F(EnclosureRun, AnEnclosureIsReachedByItsAddressAndSettingsAreKept)
+{
     driver.Menu("ProductMenu_5");
-    closeBox("Enter the address of the enclosure", "Return");
-    enter("TXT_ZorbusID", "0x1A2B");
-    enter("TXT_ChannelNum", "3");
-    click("BTN_Read", "5 registers read, none failed.");
-    enter("UI_RegisterItem_1/txtInput", "7");
-    click("BTN_Load", "1 register written, none failed.");
-    enter("UI_RegisterItem_1/txtInput", "5");
-    click("BTN_Read", "5 registers read, none failed.");
+    CloseBox("Enter the address of the enclosure", "Return");
+    Enter("TXT_ZorbusID", "0x1A2B");
+    Enter("TXT_ChannelNum", "3");
+    Click("BTN_Read", "5 registers read, none failed.");
+    Enter("UI_RegisterItem_1/txtInput", "7");
+    Click("BTN_Load", "1 register written, none failed.");
+    Enter("UI_RegisterItem_1/txtInput", "5");
+    Click("BTN_Read", "5 registers read, none failed.");
     EXPECT_EQ(driver.Text("UI_RegisterItem_1/txtInput"), "7");
 
-    enter("TXT_ZorbusID", "0x4D55"); // mute
+    Enter("TXT_ZorbusID", "0x4D55"); // mute
     driver.Click("BTN_Read");
-    closeBox("Unable to connect or verify communications to device Cendra on SerialZorbus", "Return");
+    CloseBox("Unable to connect or verify communications to device Cendra on SerialZorbus", "Return");
     driver.Menu("SerialPortSettings");
-    driver.WaitShown("SerialSettings");
-    for (const char* key : {"Down", "Down", "Return"}) // COM 3, where nothing is attached
-        driver.Key(key);
-    closeBox("Unable to communicate to hardware.", "Return");
-    EXPECT_EQ(driver.Text("StatusBar1/Message"), "Failed to verify communication to COM 3");
+    ChooseSettings({"Down", "Down"}); // where nothing is attached
+    FailOn("3");
     driver.WaitShown("SerialSettings");
     driver.Key("Escape");
     driver.Menu("Quit");
-    closeBox("before closing", "Escape");
+    CloseBox("before closing", "Escape");
     EXPECT_EQ(driver.ExitCode(), 0);
     EXPECT_NE(folder.Read("home/.config/tarvex/tarvex.ini").find("COM_Port=3"), std::string::npos);
+}
+
+TEST_F(EnclosureRun, SettingsAreChangedUntilTheEnclosureAnswers)
+{
+    driver.Menu("ProductMenu_6");
+    CloseBox("Enter the address of the enclosure", "Return");
+    Enter("TXT_ZorbusID", "0x1C01");
+    Enter("TXT_ChannelNum", "3");
+    driver.Click("BTN_Read");
+    CloseBox("Unable to connect or verify communications to device Ossary on SerialZorbus", "Return");
+    driver.Menu("SerialPortSettings");
+    ChooseSettings({"Down", "Down", "Down"}); // busy
+    FailOn("4");
+    ChooseSettings({"Down"}); // too slow for it
+    FailOn("5");
+    ChooseSettings({"Tab", "Down", "Down"});
+    driver.WaitText("StatusBar1/Message", "Communication verified on COM 5");
+    driver.WaitIdle();
+    Click("BTN_Read", "registers read, none failed.");
 }
 
 /// The main window on the demo board, with the first product of the shipped init file.
