@@ -8,7 +8,7 @@
 
 namespace tarvex::bench {
 
-/// How often both sides of a comparison are measured, in turn; the median of each side counts.
+/// How often both sides of a comparison are measured, in turn.
 inline constexpr int kRounds = 9;
 
 inline double Median(std::vector<double> values)
@@ -33,11 +33,25 @@ template <class Work> double ProcessorTime(Work&& work)
     return 1000.0 * static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
 }
 
-/// Prints one promise with what was measured; whether it is kept.
-inline bool Report(const char* what, double measured, double limit, const char* unit)
+/// The first of each round beside the second.
+inline std::vector<double> Ratios(const std::vector<double>& ours, const std::vector<double>& yardstick)
 {
+    std::vector<double> ratios;
+    ratios.reserve(ours.size());
+    for (std::size_t i = 0; i < ours.size(); ++i)
+        ratios.push_back(ours[i] / yardstick.at(i));
+    return ratios;
+}
+
+/// Prints one promise: the median of what the rounds measured, its limit, and the machine's noise, from the lowest to
+/// the highest round. Whether the median keeps it.
+inline bool Report(const char* what, const std::vector<double>& rounds, double limit, const char* unit)
+{
+    const double measured = Median(rounds);
     const bool kept = measured <= limit;
-    std::printf("%-66s %8.2f <= %g %s%s\n", what, measured, limit, unit, kept ? "" : "   NOT KEPT");
+    const auto [lowest, highest] = std::minmax_element(rounds.begin(), rounds.end());
+    std::printf("| %-64s | %6.2f | %4g %-14s | %6.2f to %.2f, %zu rounds |%s\n", what, measured, limit, unit, *lowest,
+                *highest, rounds.size(), kept ? "" : " NOT KEPT");
     std::fflush(stdout);
     return kept;
 }
