@@ -170,6 +170,23 @@ TEST_F(InputGateTest, CarriesOutARememberedCloseAfterTheSequence)
     EXPECT_TRUE(RunUntil([&] { return !window.isVisible(); }));
 }
 
+TEST_F(InputGateTest, DropsTheLateClickOfAButtonThatWasPressedByItsLetter)
+{
+    window.close();
+    QWidget other;
+    QPushButton load("&Load", &other);
+    other.show();
+    QObject::connect(&load, &QPushButton::clicked, &other, [this] { ++clicks; });
+    load.animateClick(); // as the letter does: the click comes when the button goes up again
+    {
+        const BusyGuard guard(busy);
+        EXPECT_TRUE(RunUntil([&] { return !load.isDown(); }));
+    }
+    EXPECT_EQ(clicks, 0);
+    load.animateClick();
+    EXPECT_TRUE(RunUntil([&] { return clicks == 1; }));
+}
+
 /// A call that lasts until the test lets it end, and then wakes its waiter from another thread.
 class HeldCall : public IPendingCall {
 public:
