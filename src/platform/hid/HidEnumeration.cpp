@@ -43,11 +43,12 @@ std::optional<std::vector<HidInterface>> PresentHidInterfaces()
     if (hid_init() != 0)
         return {};
     std::vector<HidInterface> found;
-    std::error_code none; // a computer without any HID device
-    for (const auto& node : std::filesystem::directory_iterator("/sys/class/hidraw", none)) {
-        const Folder device = UsbDeviceOf(node.path() / "device");
+    std::error_code failed; // at once on a computer without any HID device, later when the folder changes meanwhile
+    std::filesystem::directory_iterator node("/sys/class/hidraw", failed);
+    for (; !failed && node != end(node); node.increment(failed)) {
+        const Folder device = UsbDeviceOf(node->path() / "device");
         if (!device.empty())
-            found.push_back({"/dev/" + node.path().filename().string(),
+            found.push_back({"/dev/" + node->path().filename().string(),
                              {HexAttribute(device, "idVendor"), HexAttribute(device, "idProduct"),
                               HexAttribute(device, "bcdDevice")},
                              Attribute(device, "product")});
