@@ -8,8 +8,12 @@ const std::string kAddress = "Enter the ZorbusID of the target enclosure: (Use t
 const std::string kConnector =
     "Enter the 1 based number of the connector on the target enclosure:Input Target Connector Number1";
 
+struct HasZoneRest {
+    ZoneRest rest_; ///< outlives the link
+};
+
 /// The actions on the shipped network of enclosures.
-class SerialBoardTest : public BoardTest {
+class SerialBoardTest : protected HasZoneRest, public BoardTest {
 protected:
     void StartWith(const std::string& product, const std::string& address, const std::string& connector)
     {
@@ -28,8 +32,6 @@ protected:
                 transfers += fields.at(0).substr(operation.size()) + ":" + fields.at(2) + " ";
         return transfers;
     }
-
-    ZoneRest rest_;
 };
 
 TEST_F(SerialBoardTest, EachRegisterIsReadAndWrittenAtItsSignalProcessor)
