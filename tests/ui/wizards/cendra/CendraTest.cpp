@@ -267,6 +267,25 @@ TEST_F(CendraTest, ALinkThatIsLostEndsTheCopyWithOneMessageAndComesBack)
     EXPECT_EQ(Calls(), "R0.15 ");
 }
 
+TEST_F(CendraTest, ALinkThatIsLostWhileAFileIsLoadedTurnsTheBarOff)
+{
+    Fault("operation=\"WriteParameter\" after=\"1\" times=\"1\"");
+    Fault("operation=\"PingNode\" after=\"1\" times=\"1\"");
+    StartAt("Cendra", 0);
+    prompts_.ExpectSaveFile("/data/rack.xml");
+    prompts_.ExpectMessage("Save settings to hardware (Rack A)?", Answer::No);
+    Frame().SaveAs();
+    Calls();
+    prompts_.ExpectOpenFile("/data/rack.xml");
+    prompts_.ExpectMessage("Unable to establish communication with Cendra");
+    Frame().Open();
+    EXPECT_EQ(Calls(), "W0.10=0 W1.11=0 ");
+    EXPECT_EQ(View().valueText, "Communication Failure");
+    EXPECT_FALSE(View().barEnabled); // how much of the file the board holds is not known
+    Select("Color_Gain");
+    EXPECT_EQ(View().valueText, "64");
+}
+
 TEST_F(CendraTest, AFileHoldsEveryConnector)
 {
     Fault("operation=\"WriteParameter\" aspi=\"88\" after=\"2\" times=\"1\" as=\"refused\"");
