@@ -66,6 +66,8 @@ void CendraFiles::UseMapOf(const std::string& path) const
 void CendraFiles::ReadCurrentConnector() const
 {
     IWizardHost& host = target_.Host();
+    if (!target_.HasConnector() || !target_.IsOwn(target_.Product()))
+        return;
     const auto busy = host.Services().beginBusy();
     for (std::int16_t i = 0; i < host.Controller().GetI2CRegisterCount(); ++i) {
         const auto each = host.Controller().GetI2CRegister(i);
