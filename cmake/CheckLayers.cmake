@@ -8,7 +8,7 @@ set(first_qt_room ui/common)
 # The wizards of the products know the frame that they share, and not each other.
 set(separate_rooms ui/wizards/vexlon ui/wizards/cendra ui/wizards/analogtx)
 # Files in Qt rooms that are built and tested without Qt; they know the rooms before Qt and each other.
-set(toolkit_free_files AnalogTx BitsetElements BoardLoading Cendra[A-Za-z]* EnclosureMatch ISerialWizardDialogs NavigationTree
+set(toolkit_free_files AnalogTx BitsetElements BoardLoading Cendra[A-Za-z]* EnclosureMatch ISerialWizardDialogs NavigationTree NodeIdGuard
   SerialWizardFlash SerialWizardMenu HexFieldRules ItemObject UI_LineItem [A-Za-z]*Rules RegisterTransfer
   HelpTips IWizard[A-Za-z]+ RtfReader RtfText WizardDescription WizardElements WizardFiles WizardFrame[A-Za-z]* WizardLink[A-Za-z]*)
 # Headers that the build makes, and what the meta-object compiler writes beside a source.
