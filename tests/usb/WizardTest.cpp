@@ -129,8 +129,9 @@ TEST_F(Wizard, MovesColoursAndThePulse)
     Answer("gain differential in Red Gain to be lost", "Escape");
     Press("Left");
     EXPECT_EQ(TakeWrites(), "");
-    Press("Right", 2);
-    EXPECT_EQ(TakeWrites(), "451 21 FE, 451 22 C8, 451 23 C8");
+    EXPECT_EQ(driver.Text("StatusText"), "36"); // what the board still holds
+    Press("Right");
+    EXPECT_EQ(TakeWrites(), "451 21 FE, 451 22 C7, 451 23 C7");
     Select("Horizontal Position", "0");
     Choose("IncreaseHSyncPulseWidth");
     EXPECT_EQ(TakeWrites(), "451 2C FF");
