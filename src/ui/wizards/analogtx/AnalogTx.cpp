@@ -85,6 +85,13 @@ void AnalogTx::SetCurrentProduct(const std::string& product)
     host_->View().SelectNode(product);
 }
 
+void AnalogTx::MenusEnabled(bool enabled)
+{
+    menu_.MenusEnabled(enabled);
+    if (!enabled) // the board may come back with other values
+        known_ = Knowledge::None;
+}
+
 void AnalogTx::NodeClicked(const std::string& key)
 {
     if (key == kProduct)

@@ -28,7 +28,7 @@ public:
     bool Init(const std::shared_ptr<IProduct>&) override;
     void SetCurrentProduct(const std::string& product) override;
     void DeviceBound(const std::shared_ptr<IDevice>& device) override { menu_.DeviceBound(device); }
-    void MenusEnabled(bool enabled) override { menu_.MenusEnabled(enabled); }
+    void MenusEnabled(bool enabled) override;
     void CatchUp() override;
     void NodeClicked(const std::string& key) override;
 

@@ -187,8 +187,11 @@ TEST_F(AnalogTxTest, ALostBoardLeavesThePortClosedAndOpensItWhenItAnswersAgain)
     const auto port = [this] { return view_.valueText + view_.captions["Enable_DisableCOM"]; };
     view_.MoveBar(50);
     EXPECT_EQ(port(), "Communication Failure&Enable COM");
+    Calls();
     view_.MoveBar(51);
     EXPECT_EQ(port(), "51&Disable COM");
+    const std::string calls = Calls(); // it may have come back with other values, which a file must not miss
+    EXPECT_TRUE(calls.ends_with(" WriteParameter1:0x15 ") && Split(calls, "ReadParameter").size() > 7U) << calls;
     EXPECT_EQ(view_.disabled, std::set<std::string>{"SerialPortSettings"});
 }
 
