@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
+#include "comm/Errors.h"
 #include "shell/InitFileSearch.h"
 #include "shell/ProductViews.h"
 
@@ -68,7 +69,7 @@ TarvexController& Document::controller()
 
 void Document::NotifyCommFailure(const std::string& text)
 {
-    services_.errorLog.LogError(text, 0, "Document::NotifyCommFailure");
+    services_.errorLog.LogError(text, kErrNotConnected, "Document::NotifyCommFailure");
     if (mainView_)
         mainView_->CommFailure(text);
     const WizardStart* start = FindWizardStart(commandLine_.wizardProduct);
