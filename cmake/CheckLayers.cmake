@@ -8,9 +8,11 @@ set(first_qt_room ui/common)
 # The wizards of the products know the frame that they share, and not each other.
 set(separate_rooms ui/wizards/vexlon ui/wizards/cendra ui/wizards/analogtx)
 # Files in Qt rooms that are built and tested without Qt; they know the rooms before Qt and each other.
-set(toolkit_free_files AnalogTx BitsetElements BoardLoading Cendra[A-Za-z]* EnclosureMatch ISerialWizardDialogs NavigationTree NodeIdGuard
-  SerialWizardFlash SerialWizardMenu HexFieldRules ItemObject UI_LineItem [A-Za-z]*Rules RegisterTransfer
-  HelpTips IWizard[A-Za-z]+ RtfReader RtfText WizardDescription WizardElements WizardFiles WizardFrame[A-Za-z]* WizardLink[A-Za-z]*)
+set(toolkit_free_files AnalogTx BitsetElements Board[A-Za-z]* Cendra[A-Za-z]* EnclosureMatch FileActions HelpTips
+  HexFieldRules IRegisterView ISerialWizardDialogs ItemObject IWizard[A-Za-z]+ NavigationTree NodeIdGuard
+  RegisterTransfer RegisterWrite RtfReader RtfText SerialActions SerialTarget SerialWizardFlash SerialWizardMenu
+  UI_LineItem Vexlon[A-Za-z]* WizardDescription WizardElements WizardFiles WizardFrame[A-Za-z]* WizardLink[A-Za-z]*
+  [A-Za-z]*Rules)
 # Headers that the build makes, and what the meta-object compiler writes beside a source.
 set(generated_headers "^(VersionNumbers\\.h|[A-Za-z_]+\\.moc)$")
 

@@ -4,28 +4,17 @@
 
 namespace tarvex {
 
-namespace {
-
-constexpr const char* kFilter = "XML (*.xml)|*.xml|All (*.*)|*.*";
-constexpr const char* kExtension = "xml";
-
-std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('/')); }
-
-}
-
 void FileActions::Open()
 {
     board_.LeaveRealTime();
-    const auto path = prompts_.AskOpenFile({"Open", folder_, "", kFilter, kExtension});
-    if (!path || path->empty())
-        return;
-    OpenChosen(*path);
+    if (const auto path = dialogs_.AskOpen())
+        OpenChosen(*path);
 }
 
 void FileActions::OpenChosen(const std::string& path)
 {
     board_.LeaveRealTime();
-    folder_ = FolderOf(path);
+    dialogs_.Used(path);
     OpenAtStart(path);
 }
 
@@ -39,7 +28,7 @@ void FileActions::OpenRecent(const std::string& path)
 
 void FileActions::OpenAtStart(const std::string& path)
 {
-    if (board_.OpenDataFile(path))
+    if (dialogs_.Allows(document_, path) && board_.OpenDataFile(path))
         recent_.Add(path);
 }
 
@@ -53,21 +42,10 @@ bool FileActions::Save()
     return true;
 }
 
-std::optional<std::string> FileActions::AskSaveName()
-{
-    auto path = prompts_.AskSaveFile({"Save As", folder_, board_.FileName(), kFilter, kExtension});
-    if (!path || path->empty())
-        return std::nullopt;
-    if (document_.TestForApplicationReservedFilepath(*path))
-        return path;
-    prompts_.Tell(*path + " is a reserved complete filename. Please select another file.", "Reserved File Selected");
-    return std::nullopt;
-}
-
 bool FileActions::SaveAs()
 {
-    const auto path = AskSaveName();
-    return path && Write(*path);
+    const auto path = dialogs_.AskSave(board_.FileName());
+    return path && dialogs_.Allows(document_, *path) && Write(*path);
 }
 
 bool FileActions::Write(const std::string& path)
@@ -82,7 +60,7 @@ bool FileActions::Write(const std::string& path)
         prompts_.Tell("Error while saving file " + path + ". " + failure);
         return false;
     }
-    folder_ = FolderOf(path);
+    dialogs_.Used(path);
     board_.Saved(path);
     recent_.Add(path);
     statusLine_.DisplayStatusMessage(path + " saved.");

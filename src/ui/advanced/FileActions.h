@@ -1,11 +1,11 @@
 #pragma once
 
 #include "platform/IUserPrompts.h"
+#include "shell/DataFileDialogs.h"
 #include "shell/RecentFiles.h"
 #include "ui/advanced/BoardActions.h"
 
 #include <functional>
-#include <optional>
 #include <string>
 
 namespace tarvex {
@@ -17,11 +17,11 @@ public:
     FileActions(Document& document, BoardActions& board, IUserPrompts& prompts, IStatusLine& statusLine,
                 RecentFiles& recent, std::function<void(const std::string&)> write)
         : document_(document), board_(board), prompts_(prompts), statusLine_(statusLine), recent_(recent),
-          write_(std::move(write))
+          dialogs_(prompts), write_(std::move(write))
     {}
 
     /// The folder in which the file dialog opens first.
-    void StartFolder(std::string folder) { folder_ = std::move(folder); }
+    void StartFolder(std::string folder) { dialogs_.Folder(std::move(folder)); }
     void Open();
     /// Opens a file that the user chose without the dialog; the rest is as in Open.
     void OpenChosen(const std::string& path);
@@ -38,7 +38,6 @@ public:
     bool ConfirmClose();
 
 private:
-    std::optional<std::string> AskSaveName();
     bool Write(const std::string& path);
 
     Document& document_;
@@ -46,8 +45,8 @@ private:
     IUserPrompts& prompts_;
     IStatusLine& statusLine_;
     RecentFiles& recent_;
+    DataFileDialogs dialogs_;
     std::function<void(const std::string&)> write_;
-    std::string folder_;
 };
 
 }

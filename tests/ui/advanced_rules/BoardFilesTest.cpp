@@ -79,8 +79,9 @@ TEST_F(BoardFiles, AFileThatCannotBeOpenedChangesNothing)
     files_.files["/data/broken.xml"] = "<TarvexData";
     prompts_.ExpectMessage("Unable to open file /data/broken.xml. See TarvexError.log for details");
     EXPECT_FALSE(board_->OpenDataFile("/data/broken.xml"));
+    FileActions files = Files();
     prompts_.ExpectMessage("/PROG/tarvex.xml is a reserved complete filename. Please select another file.");
-    EXPECT_FALSE(board_->OpenDataFile("/PROG/tarvex.xml"));
+    files.OpenAtStart("/PROG/tarvex.xml");
     EXPECT_EQ(prompts_.messages.back().title, "Reserved File Selected");
     EXPECT_EQ(view_.fills, 1);
     EXPECT_EQ(board_->FileName(), "");

@@ -1,41 +1,22 @@
 #include "ui/wizards/frame/WizardFiles.h"
 
 #include "base/Error.h"
-#include "config/TarvexData.h"
+#include "config/DataFileSaving.h"
 #include "shell/Document.h"
 
 namespace tarvex {
 
-namespace {
-
-constexpr const char* kFilter = "XML (*.xml)|*.xml|All (*.*)|*.*";
-constexpr const char* kExtension = "xml";
-
-std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('/')); }
-
-}
-
 WizardFiles::WizardFiles(IWizardFrameView& view, IWizardProduct& product, const WizardDescription& description,
                          const WizardServices& services)
-    : view_(view), product_(product), description_(description), services_(services)
+    : view_(view), product_(product), description_(description), services_(services), dialogs_(services.prompts)
 {}
-
-bool WizardFiles::IsAllowed(const std::string& path)
-{
-    if (document_->TestForApplicationReservedFilepath(path))
-        return true;
-    services_.prompts.Tell(path + " is a reserved complete filename. Please select another file.",
-                           "Reserved File Selected");
-    return false;
-}
 
 std::optional<std::string> WizardFiles::AskOpenName()
 {
-    const std::string proposal = name_.empty() ? document_->CommandLineDataFile() : "";
-    auto path = services_.prompts.AskOpenFile({"Open", folder_, proposal, kFilter, kExtension});
-    if (!path || path->empty() || !IsAllowed(*path))
+    auto path = dialogs_.AskOpen(name_.empty() ? document_->CommandLineDataFile() : "");
+    if (!path || !dialogs_.Allows(*document_, *path))
         return std::nullopt;
-    folder_ = FolderOf(*path);
+    dialogs_.Used(*path);
     return path;
 }
 
@@ -43,13 +24,13 @@ bool WizardFiles::Save() { return name_.empty() ? SaveAs() : WriteTo(name_, "");
 
 bool WizardFiles::SaveAs()
 {
-    const auto path = services_.prompts.AskSaveFile({"Save As", folder_, name_, kFilter, kExtension});
-    if (!path || path->empty() || !IsAllowed(*path))
+    const auto path = dialogs_.AskSave(name_);
+    if (!path || !dialogs_.Allows(*document_, *path))
         return false;
     if (!WriteTo(*path, ". Please try again with a different name."))
         return false;
     name_ = *path;
-    folder_ = FolderOf(*path);
+    dialogs_.Used(*path);
     view_.ShowTitle("Tarvex-" + name_);
     return true;
 }
@@ -77,14 +58,13 @@ bool WizardFiles::WriteTo(const std::string& path, const std::string& failureEnd
 void WizardFiles::WriteFile(const std::string& path)
 {
     const TarvexData& initFile = *document_->initFile();
-    const auto tree = initFile.Tree(); // made once for the steps below
-    TarvexData file(services_.state, services_.files);
-    file.InitToWrite(initFile, path, services_.clock);
-    file.AddProduct(initFile, document_->controller().deviceName());
-    if (!product_.AddToFile(file))
-        Raise(ObjectError(1), "Wizard::WriteFile", "The product's part of " + path + " could not be written");
-    file.WriteSimpleData(document_->controller());
-    file.Commit(path);
+    const auto tree = initFile.Tree(); // made once for the steps of the save
+    SaveDataFile({services_.state, services_.files, services_.clock}, initFile, document_->controller(), path,
+                 [&](TarvexData& file) {
+                     if (!product_.AddToFile(file))
+                         Raise(ObjectError(1), "Wizard::WriteFile",
+                               "The product's part of " + path + " could not be written");
+                 });
 }
 
 bool WizardFiles::ConfirmClose()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shell/DataFileDialogs.h"
 #include "ui/wizards/frame/IWizardHost.h"
 #include "ui/wizards/frame/IWizardProduct.h"
 
@@ -38,7 +39,6 @@ public:
     void MarkDirty() { dirty_ = true; }
 
 private:
-    bool IsAllowed(const std::string& path);
     bool WriteTo(const std::string& path, const std::string& failureEnd);
     void WriteFile(const std::string& path);
 
@@ -48,7 +48,7 @@ private:
     const WizardServices& services_;
     Document* document_ = nullptr;
     std::string name_;
-    std::string folder_;
+    DataFileDialogs dialogs_;
     bool dirty_ = false;
 };
 

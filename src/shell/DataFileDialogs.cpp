@@ -1,0 +1,39 @@
+#include "shell/DataFileDialogs.h"
+
+#include "shell/Document.h"
+
+namespace tarvex {
+
+namespace {
+
+constexpr const char* kFilter = "XML (*.xml)|*.xml|All (*.*)|*.*";
+constexpr const char* kExtension = "xml";
+
+std::optional<std::string> NoneWhenEmpty(std::optional<std::string> path)
+{
+    return path && path->empty() ? std::nullopt : std::move(path);
+}
+
+}
+
+void DataFileDialogs::Used(const std::string& path) { folder_ = path.substr(0, path.rfind('/')); }
+
+std::optional<std::string> DataFileDialogs::AskOpen(const std::string& proposal)
+{
+    return NoneWhenEmpty(prompts_.AskOpenFile({"Open", folder_, proposal, kFilter, kExtension}));
+}
+
+std::optional<std::string> DataFileDialogs::AskSave(const std::string& proposal)
+{
+    return NoneWhenEmpty(prompts_.AskSaveFile({"Save As", folder_, proposal, kFilter, kExtension}));
+}
+
+bool DataFileDialogs::Allows(Document& document, const std::string& path)
+{
+    const bool allowed = document.TestForApplicationReservedFilepath(path);
+    if (!allowed)
+        prompts_.Tell(path + " is a reserved complete filename. Please select another file.", "Reserved File Selected");
+    return allowed;
+}
+
+}
