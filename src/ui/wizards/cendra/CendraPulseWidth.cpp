@@ -3,6 +3,7 @@
 #include "model/RegisterObject.h"
 #include "shell/IMainView.h"
 #include "ui/wizards/cendra/CendraTarget.h"
+#include "ui/wizards/frame/RegisterWrite.h"
 
 #include <algorithm>
 
@@ -31,18 +32,9 @@ void CendraPulseWidth::Step(int step)
         host.Say(element + (step > 0 ? " is already at its maximum" : " is already at its minimum"));
         return;
     }
-    const std::int32_t before = pulse->value();
-    const auto write = [&] {
-        pulse->value(width);
-        pulse->WriteValue(host.Device(), target_.Aspi(*pulse));
-    };
-    try {
-        if (!host.Write("Cendra_Wizard::SyncPulseWidth", kRegister, write))
-            return;
-    } catch (...) {
-        pulse->value(before); // the next step goes on from what the board has
-        throw;
-    }
+    const auto write = [&] { WriteRegister(host, *pulse, width, target_.Aspi(*pulse)); };
+    if (!host.Write("Cendra_Wizard::SyncPulseWidth", kRegister, write))
+        return;
     host.TellOtherViews(kRegisterChanged, kRegister);
     host.SelectAgain(); // the bar shows this register, too
 }

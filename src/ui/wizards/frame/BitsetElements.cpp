@@ -6,6 +6,7 @@
 #include "model/RegisterObject.h"
 #include "model/TarvexProperty.h"
 #include "ui/wizards/frame/IWizardHost.h"
+#include "ui/wizards/frame/RegisterWrite.h"
 
 #include <algorithm>
 #include <vector>
@@ -64,8 +65,7 @@ void BitsetElements::Write(const std::string& element, std::int32_t value) const
         shift -= kByteBits;
         const std::int64_t part = rest >> shift;
         rest -= part << shift;
-        each->value(static_cast<std::int32_t>(part));
-        each->WriteValue(host_->Device(), aspiOf_(*each));
+        WriteRegister(*host_, *each, static_cast<std::int32_t>(part), aspiOf_(*each));
     }
 }
 

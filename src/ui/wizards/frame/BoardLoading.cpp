@@ -2,6 +2,7 @@
 
 #include "config/IProgress.h"
 #include "model/RegisterObject.h"
+#include "ui/wizards/frame/RegisterWrite.h"
 
 #include <utility>
 
@@ -61,10 +62,7 @@ void BoardLoading::Restore(std::int32_t value) { WriteProbed(value); }
 
 bool BoardLoading::WriteProbed(std::int32_t value)
 {
-    return host_.Write(kSource, kProbed, [&] {
-        Probed().value(value);
-        Probed().WriteValue(host_.Device(), aspi_);
-    });
+    return host_.Write(kSource, kProbed, [&] { WriteRegister(host_, Probed(), value, aspi_); });
 }
 
 bool BoardLoading::ReadProbed()

@@ -1,6 +1,7 @@
 #include "ui/wizards/vexlon/VexlonBoard.h"
 
 #include "model/RegisterObject.h"
+#include "ui/wizards/frame/RegisterWrite.h"
 
 namespace tarvex {
 
@@ -18,13 +19,7 @@ std::int32_t VexlonBoard::Read(const std::string& name) const
 
 void VexlonBoard::Write(const std::string& name, std::int32_t value) const
 {
-    RegisterObject& target = Register(name);
-    const std::int32_t before = target.value();
-    const int failures = host_->Failures();
-    target.value(value);
-    target.WriteValue(host_->Device(), kNoAspi);
-    if (host_->Failures() > failures)
-        target.value(before); // the next step must not start from a value that the board never got
+    WriteRegister(*host_, Register(name), value, kNoAspi);
 }
 
 void VexlonBoard::Write(const std::vector<RegisterValue>& values) const
