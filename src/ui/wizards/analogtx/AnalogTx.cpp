@@ -94,8 +94,8 @@ void AnalogTx::MenusEnabled(bool enabled)
 
 void AnalogTx::NodeClicked(const std::string& key)
 {
-    if (key == kProduct)
-        host_->CheckConnection();
+    if (key == kProduct && host_->CheckConnection())
+        host_->SelectAgain();
 }
 
 std::int16_t AnalogTx::Aspi() const

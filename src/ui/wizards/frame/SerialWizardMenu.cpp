@@ -102,7 +102,8 @@ void SerialWizardMenu::Enable_DisableCOM_Click()
         device.Disconnect();
     } else if (caption.find(kEnable) != std::string::npos && !device.IsConnected()) {
         if (Connect()) {
-            host_->CheckConnection();
+            if (host_->CheckConnection())
+                host_->SelectAgain(); // it may have been switched off meanwhile
         } else {
             ShowPort(false);
             host_->View().BlockEntry(kSettings, false); // it may be the wrong port

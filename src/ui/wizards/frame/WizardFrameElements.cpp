@@ -179,8 +179,11 @@ void WizardFrame::Undo()
 void WizardFrame::UndoTo(std::int32_t position)
 {
     Say("Undoing " + current_);
-    if (!WriteAt(position))
+    if (!WriteAt(position)) {
+        if (!link_.HasFailed())
+            Say("Nothing was undone");
         return;
+    }
     view_.MoveBar(position);
     if (!link_.HasFailed())
         ShowValue();

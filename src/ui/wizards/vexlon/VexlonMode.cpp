@@ -37,6 +37,7 @@ bool VexlonMode::SetResolution(Resolution wanted)
     previousResolution_ = resolution_;
     resolution_ = wanted;
     ShowResolution();
+    board_.Host().SelectAgain(); // width, height and fine tune are elements, too; it takes the undo, so not later
     board_.Host().OfferUndo(kUndoResolution);
     if (refresh_ != kUnknownRefresh || board_.Host().Services().prompts.Ask("Use a default refresh rate of 60Hz?"))
         ProgramPll();
@@ -49,7 +50,12 @@ bool VexlonMode::WriteResolution(Resolution wanted)
     if (plan.writes.empty())
         return false;
     const auto writes = [&] { board_.Write(plan.writes); };
-    return board_.Host().Write("Vexlon_Wizard::SetResolution", "Resolution", writes) && plan.complete;
+    try {
+        return board_.Host().Write("Vexlon_Wizard::SetResolution", "Resolution", writes) && plan.complete;
+    } catch (const Error&) {
+        ReadBackResolution(); // some of the registers may have been written
+        throw;
+    }
 }
 
 void VexlonMode::ProgramPll()

@@ -102,7 +102,7 @@ TEST_F(AnalogTxTest, ElementsAreTransferredHighestByteFirstAtTheOneSignalProcess
     view_.MoveBar(7);
     EXPECT_EQ(view_.valueText, "14 ns");
     frame_.NodeClicked("Ossary-Plus");
-    EXPECT_TRUE(Calls().ends_with("PingNode "));
+    EXPECT_TRUE(Calls().ends_with("PingNode ReadParameter1:0x11 "));
 }
 
 TEST_F(AnalogTxTest, SavedSettingsComeBackAndTheDataFileIsDropped)
@@ -187,6 +187,7 @@ TEST_F(AnalogTxTest, ALostBoardLeavesThePortClosedAndOpensItWhenItAnswersAgain)
     const auto port = [this] { return view_.valueText + view_.captions["Enable_DisableCOM"]; };
     view_.MoveBar(50);
     EXPECT_EQ(port(), "Communication Failure&Enable COM");
+    EXPECT_EQ(Value("Color_Gain"), 0x40); // which a file would be saved from
     Calls();
     view_.MoveBar(51);
     EXPECT_EQ(port(), "51&Disable COM");
