@@ -82,6 +82,13 @@ public:
     void NotifyCommFailure(const std::string& text);
     /// Tells all other views of a change; `sender` is none for the main window itself.
     void UpdateAllViews(const IWizardView* sender, std::int32_t kind, const std::string& name);
+    bool IsMainViewVisible() const { return mainView_ && mainView_->IsViewVisible(); }
+    /// Shows in the main window what the registers hold, after transfers of which no change tells.
+    void ShowRegisterValues()
+    {
+        if (mainView_)
+            mainView_->ShowRegisterValues();
+    }
     /// Makes a connector of an enclosure the target of the main window, too.
     void ShowTarget(std::int32_t address, std::int16_t connector);
     /// Shows the view of a product, or with "AdvancedForm" the main window beside the wizard `current`. False when

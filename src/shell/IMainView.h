@@ -39,6 +39,7 @@ public:
 
     /// Binds the window to controller and device and fills its menus. Needs Attach.
     virtual void Init(IConfigController& controller, std::shared_ptr<IDevice> device) = 0;
+    virtual bool IsViewVisible() const = 0;
     virtual void ShowView() = 0;
     virtual void HideView() = 0;
     virtual void FocusView() = 0;
@@ -49,6 +50,8 @@ public:
 
     /// Another view changed the board: one of the kinds above and the register's or setting's name.
     virtual void UpdateUI(std::int32_t kind, const std::string& name) = 0;
+    /// Another view has transferred registers: shows what they hold now, where the window is to be seen.
+    virtual void ShowRegisterValues() = 0;
     virtual void CommFailure(const std::string& text) = 0;
     /// Ticks "Real Time Update" without asking the board, and disables it: a second view always writes at once.
     virtual void LockRealTime() = 0;

@@ -32,6 +32,7 @@ TEST_F(WizardRun, AdjustsTheVexlonBoardBesideTheRegisterWindow)
     driver.Menu("AdvancedView");
     driver.WaitText("UI_RegisterItem_1/NameLabel", "Red Gain");
     EXPECT_EQ(driver.Text("UI_RegisterItem_1/txtInput"), "2");
+    EXPECT_EQ(driver.Text("UI_RegisterItem_2/txtInput"), "1"); // as the wizard has read it
     driver.Click("UI_RegisterItem_1/txtInput");
     driver.Key("Ctrl+A");
     driver.Type("5");
@@ -53,14 +54,18 @@ TEST_F(WizardRun, GoesFromChannelToChannelOfAFiberBoard)
     EXPECT_EQ(driver.Text("StatusBar1/Resolution"), " ");
     driver.Item("TreeView1/Vexlon-Fx");
     Answer(driver, "Please select a Leaf node in the tree.", "Return");
+    driver.Menu("AdvancedView");
+    driver.WaitShown("AdvancedForm");
     driver.Item("TreeView1/Vexlon-Fx Channel 2");
     driver.WaitText("StatusBar1/Resolution", "257x257");
+    EXPECT_EQ(driver.Text("UI_RegisterItem_1/txtInput"), "1"); // the channel's, not the init file's
     driver.Item("ListView1/Height");
     driver.WaitText("StatusText", "257");
     driver.Menu("Resolution0_2");
     Answer(driver, "Use a default refresh rate of 60Hz?", "Return");
     driver.WaitText("StatusBar1/Refresh", "60Hz");
     EXPECT_EQ(driver.Text("StatusBar1/Resolution"), "1024x768"); // a box is no other view
+    EXPECT_EQ(driver.Text("StatusText"), "768");                 // the height has changed with it
     driver.Send({"close", "Vexlon_Wizard"});
     Answer(driver, "Save  file before closing", "Escape");
     EXPECT_EQ(driver.ExitCode(), 0);

@@ -23,6 +23,7 @@ public:
     {
         Note("Init " + (device ? device->DeviceType() : "none"));
     }
+    bool IsViewVisible() const override { return isVisible; }
     void ShowView() override { Note("ShowView"); }
     void HideView() override { Note("HideView"); }
     void FocusView() override { Note("FocusView"); }
@@ -32,6 +33,7 @@ public:
     {
         Note("UpdateUI " + std::to_string(kind) + " " + name);
     }
+    void ShowRegisterValues() override { ++valuesShown; }
     void CommFailure(const std::string& text) override { Note("CommFailure " + text); }
     void LockRealTime() override { Note("LockRealTime"); }
     void SetAsSecondaryView(bool secondary) override { Note("SetAsSecondaryView", secondary); }
@@ -41,6 +43,8 @@ public:
     void DisplayStatusMessage(const std::string& text) override { Note("DisplayStatusMessage " + text); }
 
     bool confirmsClose = true;
+    bool isVisible = false;
+    int valuesShown = 0;
 
 private:
     void IProgress_SetRange(std::int32_t, std::int32_t) override {}

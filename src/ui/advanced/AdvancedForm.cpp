@@ -157,7 +157,11 @@ void AdvancedForm::Init(IConfigController&, std::shared_ptr<IDevice>)
         grid_->ReadRequested.Subscribe([this](const std::string& name) { board_->ReadSingleRegister(name); });
 }
 
-void AdvancedForm::ShowView() { show(); }
+void AdvancedForm::ShowView()
+{
+    show();
+    ShowRegisterValues(); // a wizard transfers registers while this window is hidden
+}
 
 void AdvancedForm::HideView() { hide(); }
 
@@ -172,6 +176,12 @@ void AdvancedForm::OpenDataFile(const std::string& path) { files_->OpenAtStart(p
 bool AdvancedForm::ConfirmClose() { return !files_ || files_->ConfirmClose(); }
 
 void AdvancedForm::UpdateUI(std::int32_t kind, const std::string& name) { board_->ShowChange(kind, name); }
+
+void AdvancedForm::ShowRegisterValues()
+{
+    if (board_ && isVisible())
+        board_->ShowValues();
+}
 
 void AdvancedForm::CommFailure(const std::string&) { DisplayStatusMessage("Comm Failure recieved in Advanced Form"); }
 

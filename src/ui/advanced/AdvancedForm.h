@@ -72,12 +72,14 @@ public:
     void Attach(Document* document) override;
 
     void Init(IConfigController& controller, std::shared_ptr<IDevice> device) override;
+    bool IsViewVisible() const override { return isVisible(); }
     void ShowView() override;
     void HideView() override;
     void FocusView() override;
     void OpenDataFile(const std::string& path) override;
     bool ConfirmClose() override;
     void UpdateUI(std::int32_t kind, const std::string& name) override;
+    void ShowRegisterValues() override;
     void CommFailure(const std::string& text) override;
     void LockRealTime() override;
     void SetAsSecondaryView(bool secondary) override;
@@ -103,7 +105,6 @@ protected:
 
 private:
     // IRegisterView
-    bool IsViewVisible() const override { return isVisible(); }
     void FillGrid() override;
     void ShowValue(std::int16_t position) override;
     void ShowAllValues() override;

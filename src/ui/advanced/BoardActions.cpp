@@ -77,11 +77,6 @@ void BoardActions::SelectLink(const std::string& link)
 bool BoardActions::OpenDataFile(const std::string& path)
 {
     const UserAction action(*this);
-    if (!document_.TestForApplicationReservedFilepath(path)) {
-        services_.prompts.Tell(path + " is a reserved complete filename. Please select another file.",
-                               "Reserved File Selected");
-        return false;
-    }
     if (!controller_.InitDeviceFromFile(path)) {
         Tell("Unable to open file " + path + ". See TarvexError.log for details");
         return false;
@@ -223,6 +218,11 @@ void BoardActions::Showing(const std::function<void()>& show)
 {
     const Restored<bool> showing(showing_, true);
     show();
+}
+
+void BoardActions::ShowValues()
+{
+    Showing([this] { view_.ShowAllValues(); });
 }
 
 void BoardActions::FillGrid()

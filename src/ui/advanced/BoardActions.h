@@ -71,6 +71,8 @@ public:
 
     /// Another view changed the board (kinds as IMainView has them).
     void ShowChange(std::int32_t kind, const std::string& name);
+    /// Shows what the registers hold, as another view or a transfer has left them.
+    void ShowValues();
     void SetAsSecondaryView(bool secondary) { secondaryView_ = secondary; }
     bool IsModified() const { return modified_; }
     void Saved(const std::string& path);

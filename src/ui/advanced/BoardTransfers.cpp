@@ -99,7 +99,7 @@ void BoardActions::ReadAll()
         const RealTimeOff realTimeOff(view_);
         const Restored<bool> notReady(ready_, false);
         result = Run(AllRegisters(controller_), &RegisterTransfer::Read);
-        Showing([this] { view_.ShowAllValues(); });
+        ShowValues();
     }
     ready_ = true;
     lastReadIncomplete_ = !result.Complete();
@@ -148,7 +148,7 @@ void BoardActions::ReadSingleRegister(const std::string& name)
         return;
     }
     const TransferResult result = Run({object}, &RegisterTransfer::Read);
-    Showing([this] { view_.ShowAllValues(); }); // the registers that depend on it were read, too
+    ShowValues(); // the registers that depend on it were read, too
     document_.UpdateAllViews(nullptr, kRegisterChanged, name);
     Report("read", result);
 }

@@ -59,7 +59,7 @@ void BoardActions::LinkConnected()
         !link_.IsConnected())
         return;
     lastReadIncomplete_ = !Run(AllRegisters(controller_), &RegisterTransfer::Read).Complete();
-    Showing([this] { view_.ShowAllValues(); });
+    ShowValues();
 }
 
 void BoardActions::ChangeSerialSettings()

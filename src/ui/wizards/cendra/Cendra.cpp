@@ -4,6 +4,7 @@
 #include "base/Numbers.h"
 #include "comm/Enclosure.h"
 #include "comm/SerialZorbus.h"
+#include "shell/Document.h"
 #include "shell/IMainView.h"
 #include "ui/wizards/cendra/CendraTree.h"
 
@@ -70,7 +71,18 @@ void Cendra::Attach(IWizardHost& host)
     flash_.Attach(host);
 }
 
-void Cendra::MenusEnabled(bool enabled) { port_.MenusEnabled(enabled); }
+void Cendra::MenusEnabled(bool enabled)
+{
+    port_.MenusEnabled(enabled);
+    unread_ = unread_ || !enabled; // the boards may come back with other values
+}
+
+/// The wizard reads what its element needs; the register window shows, and changes bit by bit, every register.
+void Cendra::CatchUp()
+{
+    if (target_.Host().TheDocument().IsMainViewVisible() && std::exchange(unread_, false))
+        files_.ReadCurrentConnector();
+}
 
 void Cendra::SetCurrentProduct(const std::string& product)
 {
@@ -100,8 +112,10 @@ void Cendra::ShowTree()
 
 void Cendra::NodeClicked(const std::string& key)
 {
-    if (target_.Choose(key))
+    if (target_.Choose(key)) {
+        unread_ = true;
         target_.Host().TellOtherViews(kEverythingChanged, "");
+    }
     target_.Host().SelectAgain();
 }
 
@@ -156,7 +170,11 @@ std::string Cendra::UnreadMessage(const std::string& element)
 FlashSteps Cendra::StepsOfFlash()
 {
     return {[](SerialZorbus& link) { return link.ResetCache() && link.Reboot(); },
-            [](SerialZorbus& link) { return link.Reboot(); }, [this] { return TextsOfFlash(); }};
+            [this](SerialZorbus& link) {
+                unread_ = true;
+                return link.Reboot();
+            },
+            [this] { return TextsOfFlash(); }};
 }
 
 FlashTexts Cendra::TextsOfFlash()

@@ -33,6 +33,7 @@ public:
     void SetCurrentProduct(const std::string& product) override;
     void DeviceBound(const std::shared_ptr<IDevice>& device) override { port_.DeviceBound(device); }
     void MenusEnabled(bool enabled) override;
+    void CatchUp() override;
     void NodeClicked(const std::string& key) override;
     bool UpdateUI(std::int32_t kind, const std::string& name) override;
 
@@ -65,6 +66,7 @@ private:
     CendraFiles files_{target_};
     CendraPulseWidth pulse_{target_};
     std::string product_;
+    bool unread_ = true; ///< not every register holds what the current connector has
 };
 
 }

@@ -9,6 +9,7 @@
 #include "ui/wizards/cendra/CendraStep.h"
 #include "ui/wizards/cendra/EnclosureMatch.h"
 #include "ui/wizards/frame/NodeIdGuard.h"
+#include "ui/wizards/frame/RegisterWrite.h"
 
 #include <algorithm>
 
@@ -50,7 +51,7 @@ bool CendraFiles::Apply(const std::string& path)
     for (const Enclosure::SlotProduct& each : saved->GetProducts())
         if (target_.IsOwn(each.product->Name()) && !WriteProduct(file, *saved, *each.product))
             return false;
-    ReadCurrentConnector();
+    ReadCurrentConnector(); // the registers were left with what the last connector got
     return true;
 }
 
@@ -62,7 +63,6 @@ void CendraFiles::UseMapOf(const std::string& path) const
         Raise(ObjectError(1), kSource, "The file " + path + " cannot be used for this product");
 }
 
-/// The registers were left with what the last connector got.
 void CendraFiles::ReadCurrentConnector() const
 {
     IWizardHost& host = target_.Host();
@@ -153,8 +153,7 @@ bool CendraFiles::WriteRegister(RegisterObject& each, std::int32_t value, std::i
     const std::int16_t aspi = target_.AspiAt(each, static_cast<std::uint16_t>(connector));
     if (aspi == kNoAspi) // no processor of this connector has the register
         return true;
-    each.value(value);
-    return host.Write(kSource, each.Name(), [&] { each.WriteValue(host.Device(), aspi); });
+    return host.Write(kSource, each.Name(), [&] { tarvex::WriteRegister(host, each, value, aspi); });
 }
 
 bool CendraFiles::AddTo(TarvexData& file)

@@ -22,11 +22,12 @@ public:
     /// Adds the enclosure with the settings of all connectors; false when the link is down. Raises 0x80040001 when a
     /// board does not deliver them.
     bool AddTo(TarvexData& file);
+    /// Reads every register of the current connector, where its board is of the controller's product.
+    void ReadCurrentConnector() const;
 
 private:
     bool Apply(const std::string& path);
     void UseMapOf(const std::string& path) const;
-    void ReadCurrentConnector() const;
     std::shared_ptr<Enclosure> EnclosureIn(const TarvexData& file) const;
     bool IsCompatible(const TarvexData& file, const Enclosure& saved) const;
     bool WriteProduct(const TarvexData& file, const Enclosure& saved, IProduct& product);

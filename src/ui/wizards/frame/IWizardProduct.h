@@ -50,8 +50,8 @@ public:
     virtual void DeviceBound(const std::shared_ptr<IDevice>& device) { (void)device; }
     /// The frame has switched off the entries that are off while communication fails, or has switched them on again.
     virtual void MenusEnabled(bool enabled) { (void)enabled; }
-    /// The link stands and is about to be used: reads again what the product keeps of the board, where it was lost
-    /// since.
+    /// The link stands and is about to be used, or the main window has come up beside the wizard: reads again what the
+    /// product keeps of the board, where it was lost since, and what the main window shows of it.
     virtual void CatchUp() {}
     /// The user clicked a node of the tree.
     virtual void NodeClicked(const std::string& key) = 0;

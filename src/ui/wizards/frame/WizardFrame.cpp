@@ -32,17 +32,17 @@ WizardFrame::WizardFrame(IWizardView& self, IWizardFrameView& view, IWizardProdu
 
 void WizardFrame::Attempt(const std::function<void()>& action)
 {
-    std::int32_t number = 0;
-    std::string description;
+    std::optional<Error> failure;
     try {
         action();
-        return;
     } catch (const Error& error) {
         services_.errorLog.LogCurrentError();
-        number = error.Number();
-        description = error.Description();
+        failure = error;
     }
-    ShowFailure(number, description); // outside the handler: it may ask the user
+    if (document_)
+        document_->ShowRegisterValues();
+    if (failure) // outside the handler: it may ask the user
+        ShowFailure(failure->Number(), failure->Description());
 }
 
 void WizardFrame::ShowFailure(std::int32_t number, const std::string& description)
@@ -177,9 +177,10 @@ void WizardFrame::OpenAdvancedView()
 {
     Attempt([this] {
         if (!TheDocument().OpenView("AdvancedForm", &self_))
-            services_.prompts.Tell("Unable to open Advanced View.");
-        else
-            TheDocument().UpdateAllViews(&self_, kEverythingChanged, "");
+            return services_.prompts.Tell("Unable to open Advanced View.");
+        TheDocument().UpdateAllViews(&self_, kEverythingChanged, "");
+        if (!link_.HasFailed())
+            EnsureLink(); // so that the registers hold what the board has
     });
 }
 

@@ -33,7 +33,8 @@ public:
     WizardFrame& operator=(const WizardFrame&) = delete;
 
     const WizardDescription& Description() const { return description_; }
-    /// Does what the user asked for; every handler of the window runs through this.
+    /// Does what the user asked for, and lets the register window show what came of it; every handler of the window
+    /// runs through this.
     void Attempt(const std::function<void()>& action);
 
     // What the document asks (see IWizardView).

@@ -203,6 +203,12 @@ TEST_F(CendraTest, EachConnectorIsATargetOfItsOwn)
         Frame().UpdateUI(kind, name);
         EXPECT_EQ(Calls(), calls);
     }
+    mainView_.isVisible = true; // from now on every register is to be seen
+    Frame().OpenAdvancedView();
+    EXPECT_EQ(Calls(), "R72.10 R73.11 R74.12 R72.14 R72.15 ");
+    Frame().NodeClicked("1product Source 2");
+    EXPECT_EQ(Calls(), "R8.10 R9.11 R10.12 R8.14 R8.15 R9.11 ");
+    EXPECT_GT(mainView_.valuesShown, 0);
 }
 
 TEST_F(CendraTest, AnElementOfTwoBitsetsIsWrittenFromTheUpperOne)
