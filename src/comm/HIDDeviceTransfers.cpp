@@ -178,13 +178,13 @@ HIDDevice::Answer HIDDevice::AwaitOwnAnswer(IHidBoard& board, const Bytes& reque
 }
 
 /// The data of an accepted answer. One too short for a packet is given up without an event; one that declares more data
-/// than were received is a failed read.
+/// than were received, or none where some were asked for, is a failed read.
 Bytes HIDDevice::TakeAnswer(const InputReport& input, std::size_t wanted, std::int16_t& byteCount)
 {
     I2CPacket answer;
     if (!input.ToPacket(answer))
         return Bytes(wanted);
-    if (!answer.HoldsDeclaredData()) {
+    if (!answer.HoldsDeclaredData() || (answer.dataSize() == 0 && wanted > 0)) {
         FailRead();
         return Bytes(wanted);
     }

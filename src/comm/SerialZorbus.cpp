@@ -64,6 +64,8 @@ void SerialZorbus::SetCommParameters(const CommSettings& settings)
     settings_ = settings;
     if (isSame)
         return;
+    nodeCache_.clear(); // behind another port the same id is another node
+    record_ = {};
     try {
         zone_.Open(settings_);
         if (connected_ && !ReadRecordOf(nodeId_))

@@ -14,8 +14,6 @@ constexpr std::chrono::seconds kRestBeforeReopening{3};
 constexpr std::chrono::seconds kRestAfterEnd{2};
 constexpr const char* kCaptureExtension = ".zcp";
 
-NorvaneBool AsBool(bool value) { return value ? kNorvaneTrue : kNorvaneFalse; }
-
 /// The first `count` entries, but no more than there are.
 template <class Entry> void Shorten(std::vector<Entry>& entries, std::int16_t count)
 {
@@ -40,7 +38,7 @@ bool SerialZorbusZone::Open(const CommSettings& settings)
     }
     AwaitRest();
     ZoneHandle handle = kNoZone;
-    if (Succeeded(library_->OpenZone(settings.comPort, settings.baudRate, AsBool(settings.keepLinkOpen), handle),
+    if (Succeeded(library_->OpenZone(settings.comPort, settings.baudRate, AsNorvaneBool(settings.keepLinkOpen), handle),
                   "OpenZone") &&
         handle >= 0)
         handle_ = handle;

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDialog>
 
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <fcntl.h>
@@ -17,6 +18,7 @@ namespace {
 
 std::array<int, 2> g_pipe{-1, -1}; // a signal handler can reach nothing else
 
+constexpr std::array<int, 3> kSignals{SIGTERM, SIGINT, SIGHUP}; // the last when the terminal goes
 constexpr std::chrono::milliseconds kCancelPause{50};
 
 /// Work that waits for an answer would keep the program from ending.
@@ -45,14 +47,14 @@ ExitSignals::ExitSignals(BusyState& busy)
         cancelling_.start(kCancelPause);
     });
     QObject::connect(&cancelling_, &QTimer::timeout, &cancelling_, [&busy] { CancelQuestion(busy); });
-    std::signal(SIGTERM, HandleSignal);
-    std::signal(SIGINT, HandleSignal);
+    for (const int number : kSignals)
+        std::signal(number, HandleSignal);
 }
 
 ExitSignals::~ExitSignals()
 {
-    std::signal(SIGTERM, SIG_DFL);
-    std::signal(SIGINT, SIG_DFL);
+    for (const int number : kSignals)
+        std::signal(number, SIG_DFL);
     for (int& end : g_pipe) {
         close(end);
         end = -1;

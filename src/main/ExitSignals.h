@@ -10,9 +10,9 @@
 
 namespace tarvex {
 
-/// Turns SIGTERM and SIGINT into a request to end the program with code 0, so that preferences are saved and working
-/// copies deleted. While a sequence of transfers runs the request waits for its end, and a
-/// question that the sequence asks counts as cancelled.
+/// Turns SIGTERM, SIGINT and SIGHUP into a request to end the program with code 0, so that preferences are saved and
+/// working copies deleted. While a sequence of transfers runs the request waits for its end, and a question that the
+/// sequence asks counts as cancelled.
 class ExitSignals {
 public:
     explicit ExitSignals(BusyState& busy);

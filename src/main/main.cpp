@@ -18,6 +18,14 @@ bool HasDisplay()
     return false;
 }
 
+/// The toolkit ends the program where it cannot reach the display.
+void EndWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString& text)
+{
+    std::fprintf(stderr, "%s\n", qPrintable(text));
+    if (type == QtFatalMsg)
+        std::_Exit(kExitNoDisplay);
+}
+
 std::string JoinedArguments(int count, char** arguments)
 {
     std::string joined;
@@ -35,6 +43,8 @@ int main(int argumentCount, char** arguments)
         return kExitNoDisplay;
     }
     int programNameOnly = 1; // switches are the program's own, none is for the toolkit
+    qInstallMessageHandler(EndWithoutDisplay);
     QApplication application(programNameOnly, arguments);
+    qInstallMessageHandler(nullptr);
     return tarvex::RunApplication(JoinedArguments(argumentCount, arguments));
 }

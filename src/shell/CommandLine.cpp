@@ -37,14 +37,20 @@ void Classify(const std::string& spelt, CommandLine& line, IUserPrompts& prompts
 }
 
 /// Takes a file off the beginning that is named by its whole path, as desktops do: letters and dashes in its name are
-/// no switches. Empty when there is none.
+/// no switches. It ends where nothing follows, or a switch. Empty when there is none.
 std::string TakeWholePath(std::string_view& text)
 {
     constexpr std::string_view kEnding = ".xml";
     if (!text.starts_with('/'))
         return {};
-    const std::string lower = ToLower(text) + ' ';
-    const auto end = lower.find(std::string(kEnding) + ' ');
+    const std::string lower = ToLower(text);
+    const auto isEnd = [&](std::size_t dot) {
+        const std::string_view rest = text.substr(dot + kEnding.size());
+        return TrimBlanks(rest).empty() || rest.starts_with(" -");
+    };
+    auto end = lower.find(kEnding);
+    while (end != std::string::npos && !isEnd(end))
+        end = lower.find(kEnding, end + 1);
     if (end == std::string::npos)
         return {};
     std::string path(text.substr(0, end + kEnding.size()));

@@ -16,7 +16,11 @@ std::optional<std::string> NoneWhenEmpty(std::optional<std::string> path)
 
 }
 
-void DataFileDialogs::Used(const std::string& path) { folder_ = path.substr(0, path.rfind('/')); }
+void DataFileDialogs::Used(const std::string& path)
+{
+    const std::size_t end = path.rfind('/');
+    folder_ = end == std::string::npos ? "." : path.substr(0, end);
+}
 
 std::optional<std::string> DataFileDialogs::AskOpen(const std::string& proposal)
 {

@@ -17,6 +17,9 @@ constexpr int kExitBatchWithoutFile = 5;
 constexpr int kExitViewFailed = 7;
 constexpr std::int32_t kErrInvalidArgument = ObjectError(6);
 
+/// Why the program ends without having shown a window.
+void SayOnTerminal(std::string_view reason) { std::cerr << "Tarvex: " << ReplaceAll(reason, '\n', ' ') << std::endl; }
+
 }
 
 void Document::Run(IMainView& mainView)
@@ -77,7 +80,7 @@ void Document::LoadInitFileCopy()
 
 void Document::RefuseInitFile(std::string_view reason)
 {
-    std::cerr << "Tarvex: " << ReplaceAll(reason, '\n', ' ') << std::endl;
+    SayOnTerminal(reason);
     ExitApplication(kExitInitFile);
 }
 
@@ -144,8 +147,9 @@ void Document::StartWizard()
         FailWizard("There is no wizard for the product " + commandLine_.wizardProduct);
     try {
         StartWizard(*start);
-    } catch (const std::exception&) {
+    } catch (const std::exception& failure) {
         services_.errorLog.LogCurrentError();
+        SayOnTerminal(failure.what());
         ExitApplication(kExitViewFailed);
     }
 }
@@ -174,6 +178,7 @@ void Document::StartWizard(const WizardStart& start)
 void Document::FailWizard(const std::string& reason)
 {
     services_.errorLog.LogError(reason, kErrInvalidArgument, "Document::Run");
+    SayOnTerminal(reason);
     ExitApplication(kExitViewFailed);
 }
 

@@ -55,10 +55,10 @@ void LoadPreferences(ISettingsStore& store, Preferences& preferences)
     preferences.loaded = true;
 }
 
-void SavePreferences(ISettingsStore& store, Preferences& preferences)
+bool SavePreferences(ISettingsStore& store, Preferences& preferences)
 {
     if (!preferences.loaded)
-        return;
+        return true;
     preferences.loaded = false;
     store.Write(kSection, "AutoConnect", ToText(preferences.autoConnect));
     store.Write(kSection, "AutoLoadFileOpen", ToText(preferences.autoLoadFileOpen));
@@ -67,7 +67,7 @@ void SavePreferences(ISettingsStore& store, Preferences& preferences)
     store.Write(kSection, "Baud", std::to_string(preferences.serial.baudRate));
     store.Write(kSection, "COM_Port", std::to_string(preferences.serial.comPort));
     store.Write(kSection, "KeepLinkOpen", ToText(preferences.serial.keepLinkOpen));
-    store.Flush();
+    return store.Flush();
 }
 
 bool GetAppPreference(const Preferences& preferences, const std::string& name)

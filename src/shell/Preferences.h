@@ -20,8 +20,9 @@ struct Preferences {
 /// Reads the seven keys; a missing or unreadable value gives its default.
 void LoadPreferences(ISettingsStore& store, Preferences& preferences);
 
-/// Writes the seven keys, if they were loaded, and marks them not loaded, so that a run saves them once.
-void SavePreferences(ISettingsStore& store, Preferences& preferences);
+/// Writes the seven keys, if they were loaded, and marks them not loaded, so that a run saves them once. False when the
+/// store did not take them.
+bool SavePreferences(ISettingsStore& store, Preferences& preferences);
 
 /// "AutoConnect" or "AutoLoadFileOpen"; raises 402 for any other name.
 bool GetAppPreference(const Preferences& preferences, const std::string& name);

@@ -39,6 +39,8 @@ std::string WorkingCopies::MakeTempCopy(const std::string& source, const std::st
     const std::string name =
         suffix.empty() ? std::string(FileNameOf(source)) : StemOf(source).append(suffix).append(kExtension);
     std::string target = files_.TemporaryFolder() + "/" + name;
+    if (suffix.empty() && files_.FileExists(target)) // a name without our process in it may be anybody's
+        return target;
     try {
         if (files_.CopyToWorkingFile(source, target) && !Owns(target))
             created_.push_back(target);

@@ -18,7 +18,8 @@ public:
     WorkingCopies& operator=(const WorkingCopies&) = delete;
 
     /// Copies a file into the temporary folder: under its own name without ".xml" + suffix + ".xml", or under its own
-    /// name when the suffix is empty. Errors are passed over; the path is returned all the same.
+    /// name when the suffix is empty, unless a file of that name is there. Errors are passed over; the path is returned
+    /// all the same.
     std::string MakeTempCopy(const std::string& source, const std::string& suffix);
 
     /// Deletes copies of the init file that processes left behind which live no longer.

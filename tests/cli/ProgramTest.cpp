@@ -29,11 +29,13 @@ TEST_F(ProgramTest, BatchModeEndsWithoutABox)
 
 TEST_F(ProgramTest, WithoutADisplayItSaysSoAndEndsWith8)
 {
-    ProgramStart start = With({});
-    start.environment["QT_QPA_PLATFORM"] = {};
-    ProgramDriver driver(start);
-    EXPECT_EQ(driver.ExitCode(), 8);
-    EXPECT_NE(driver.ErrorOutput().find("display"), std::string::npos);
+    for (const char* display : {"", ":4711"}) { // none is named, or none answers
+        ProgramStart start = With({});
+        start.environment = {{"QT_QPA_PLATFORM", ""}, {"DISPLAY", display}};
+        ProgramDriver driver(start);
+        EXPECT_EQ(driver.ExitCode(), 8) << display;
+        EXPECT_NE(driver.ErrorOutput().find("display"), std::string::npos);
+    }
 }
 
 TEST_F(ProgramTest, AnUnusableInitFileIsLoggedAndEndsWith2)

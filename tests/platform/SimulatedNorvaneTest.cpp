@@ -93,6 +93,8 @@ TEST_F(SimulatedNorvaneTest, KeepsSavedValuesOverRestartsAndLosesTheOthers)
     Start(kNodes);
     EXPECT_EQ(Read(0), 5);
     EXPECT_EQ(log_.entries.size(), 1U) << "a spoilt flash file is told";
+    EXPECT_FALSE(Command(kCommandResetCache));
+    EXPECT_EQ(files_.files["flash"], "<ZorbusFlash>") << "and not replaced";
 }
 
 TEST_F(SimulatedNorvaneTest, FailsAsTheRulesSay)

@@ -95,9 +95,12 @@ TEST(WorkingCopies, PassOverFailuresAndThenDeleteNothing)
 {
     FakeFileSystem files;
     files.files = {{"/a/b.xml", "new"}, {"/tmp/b.xml", "somebody else's"}};
-    files.failing = {FileOperation::CopyToWorkingFile};
+    const auto before = files.files;
     EXPECT_EQ(WorkingCopies(files).MakeTempCopy("/a/b.xml", ""), "/tmp/b.xml");
-    EXPECT_EQ(files.files["/tmp/b.xml"], "somebody else's");
+    EXPECT_EQ(files.files, before);
+    files.failing = {FileOperation::CopyToWorkingFile};
+    EXPECT_EQ(WorkingCopies(files).MakeTempCopy("/a/b.xml", "42"), "/tmp/b42.xml");
+    EXPECT_EQ(files.files, before);
 }
 
 TEST(WorkingCopies, SweepOnlyWhatDeadProcessesLeft)

@@ -28,6 +28,7 @@ const Reading kReadings[] = {
     {"-wVexlon-Fx", "", "VEXLON-FX", ""},
     {"new.xml", "", "EW.XML", ""},
     {"-auto  -demo", "", "", "db"},
+    {"/d/backup.xml old/b.xml -demo", "/d/backup.xml old/b.xml", "", "d"},
     {"/home/w new - old/My.XML -demo", "/home/w new - old/My.XML", "", "d"}, // as a desktop names it
 };
 

@@ -43,7 +43,7 @@ std::optional<std::vector<HidInterface>> PresentHidInterfaces()
     if (hid_init() != 0)
         return {};
     std::vector<HidInterface> found;
-    std::error_code failed; // at once on a computer without any HID device, later when the folder changes meanwhile
+    std::error_code failed; // without any HID device there is no such folder
     std::filesystem::directory_iterator node("/sys/class/hidraw", failed);
     for (; !failed && node != end(node); node.increment(failed)) {
         const Folder device = UsbDeviceOf(node->path() / "device");
@@ -53,6 +53,8 @@ std::optional<std::vector<HidInterface>> PresentHidInterfaces()
                               HexAttribute(device, "bcdDevice")},
                              Attribute(device, "product")});
     }
+    if (failed && failed != std::errc::no_such_file_or_directory)
+        return {};
     return found;
 }
 

@@ -116,7 +116,7 @@ bool HidNode::Lock()
     while (!isLocked()) {
         const bool isHeld = errno == EWOULDBLOCK;
         if (!isHeld || steady_clock::now() >= end) {
-            lastError_ = isHeld ? ETIMEDOUT : errno;
+            lastError_ = isHeld ? EBUSY : errno;
             return false;
         }
         std::this_thread::sleep_for(kLockPause);

@@ -21,7 +21,7 @@ public:
     bool IsPresent() const;
     int LastError() const { return lastError_; }
 
-    /// Keeps the other programs that lock off the board; waits at most 6 s for them, then fails with ETIMEDOUT. True,
+    /// Keeps the other programs that lock off the board; waits at most 6 s for them, then fails with EBUSY. True,
     /// too, when it is locked already.
     bool Lock();
     void Unlock();

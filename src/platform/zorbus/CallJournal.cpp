@@ -2,14 +2,19 @@
 
 #include "base/Numbers.h"
 
+#include <algorithm>
+
 namespace tarvex {
 
 bool CallJournal::Open(const std::string& path)
 {
+    if (std::find(paths_.begin(), paths_.end(), path) != paths_.end())
+        return true;
     auto stream = files_ ? files_->OpenText(path, OpenMode::Append) : nullptr;
     if (!stream)
         return false;
     streams_.push_back(std::move(stream));
+    paths_.push_back(path);
     return true;
 }
 

@@ -15,13 +15,14 @@ class CallJournal {
 public:
     explicit CallJournal(IFileSystem* files) : files_(files) {}
 
-    /// Writes to this file, too, from now on; false when it cannot be opened.
+    /// Writes to this file, too, from now on, once for each call; false when it cannot be opened.
     bool Open(const std::string& path);
     void Write(const std::string& call, NorvaneStatus status, const std::string& results);
 
 private:
     IFileSystem* files_; ///< none: nothing can be opened
     std::vector<std::unique_ptr<ITextStream>> streams_;
+    std::vector<std::string> paths_;
 };
 
 /// "0x1A2B".

@@ -16,6 +16,7 @@ inline constexpr NorvaneStatus kNorvaneOk = 0;
 using NorvaneBool = std::int16_t;
 inline constexpr NorvaneBool kNorvaneTrue = -1;
 inline constexpr NorvaneBool kNorvaneFalse = 0;
+constexpr NorvaneBool AsNorvaneBool(bool value) { return value ? kNorvaneTrue : kNorvaneFalse; }
 
 /// The library's handle of an open serial zone.
 using ZoneHandle = std::int16_t;

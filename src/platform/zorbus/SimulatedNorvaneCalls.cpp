@@ -10,8 +10,6 @@ namespace {
 std::string Comma(const std::string& text) { return ", " + text; }
 std::string Comma(std::int32_t number) { return ", " + std::to_string(number); }
 
-NorvaneBool AsBool(bool value) { return value ? kNorvaneTrue : kNorvaneFalse; }
-
 /// A file with the extension for a name; in a folder for the name of one.
 std::string CaptureFile(const std::string& path, const std::string& extension)
 {
@@ -59,7 +57,7 @@ NorvaneStatus SimulatedNorvaneSystem::StartCaptureLog(const std::string& path, N
 {
     started = kNorvaneFalse;
     return Perform({"StartCaptureLog"}, path + Comma(BoolText(start)) + Comma(extension), [&]() -> Outcome {
-        started = AsBool(start != kNorvaneFalse && journal_.Open(CaptureFile(path, extension)));
+        started = AsNorvaneBool(start != kNorvaneFalse && journal_.Open(CaptureFile(path, extension)));
         return {kNorvaneOk, BoolText(started)};
     });
 }
@@ -87,7 +85,7 @@ NorvaneStatus SimulatedNorvaneSystem::ReadNodeRecord(std::int32_t nodeId, ZoneHa
     answered = kNorvaneFalse;
     return Perform({"ReadNodeRecord", {}, nodeId}, HexText(nodeId) + Comma(zone), [&]() -> Outcome {
         const SimulatedNode* node = Contact(nodeId, zone);
-        answered = AsBool(node != nullptr);
+        answered = AsNorvaneBool(node != nullptr);
         if (node)
             record = node->record;
         return {kNorvaneOk, BoolText(answered)};
@@ -98,7 +96,7 @@ NorvaneStatus SimulatedNorvaneSystem::PingNode(std::int32_t nodeId, ZoneHandle z
 {
     answered = kNorvaneFalse;
     return Perform({"PingNode", {}, nodeId}, HexText(nodeId) + Comma(zone), [&]() -> Outcome {
-        answered = AsBool(Contact(nodeId, zone) != nullptr);
+        answered = AsNorvaneBool(Contact(nodeId, zone) != nullptr);
         return {kNorvaneOk, BoolText(answered)};
     });
 }
@@ -124,7 +122,7 @@ NorvaneStatus SimulatedNorvaneSystem::CommandNode(std::int32_t nodeId, std::int3
                    [&]() -> Outcome {
                        SimulatedNode* node = AnsweringNode(nodeId, zone);
                        if (node && command == kCommandResetCache)
-                           done = AsBool(SaveToFlash(*node));
+                           done = AsNorvaneBool(SaveToFlash(*node));
                        if (node && command == kCommandRestoreCache) {
                            for (auto& [place, parameter] : node->parameters)
                                parameter.live = parameter.flash;
@@ -162,7 +160,7 @@ NorvaneStatus SimulatedNorvaneSystem::ReadParameter(std::int32_t nodeId, std::in
                        Comma(HexText(parameterId)) + Comma(count) + Comma(lastZero),
                    [&]() -> Outcome {
                        const SimulatedParameter* parameter = FindParameter(nodeId, place);
-                       done = AsBool(parameter && parameter->isReadable);
+                       done = AsNorvaneBool(parameter && parameter->isReadable);
                        if (done != kNorvaneFalse)
                            value = parameter->live;
                        return {kNorvaneOk, std::to_string(value) + Comma(BoolText(done))};
@@ -181,7 +179,7 @@ NorvaneStatus SimulatedNorvaneSystem::WriteParameter(std::int32_t nodeId, std::i
                        Comma(HexText(parameterId)) + Comma(value) + Comma(count) + Comma(lastZero),
                    [&]() -> Outcome {
                        SimulatedParameter* parameter = FindParameter(nodeId, place);
-                       done = AsBool(parameter && parameter->isWritable);
+                       done = AsNorvaneBool(parameter && parameter->isWritable);
                        if (done != kNorvaneFalse)
                            parameter->live = value;
                        return {kNorvaneOk, BoolText(done)};

@@ -139,9 +139,10 @@ SimulatedParameter* SimulatedNorvaneSystem::FindParameter(std::int32_t nodeId, c
 bool SimulatedNorvaneSystem::SaveToFlash(SimulatedNode& node)
 {
     const auto before = node.parameters;
-    for (auto& [place, parameter] : node.parameters)
-        parameter.flash = parameter.live;
     try {
+        flash_.Load(network_); // another program may have saved other nodes meanwhile
+        for (auto& [place, parameter] : node.parameters)
+            parameter.flash = parameter.live;
         flash_.Save(network_);
         return true;
     } catch (const Error&) {

@@ -1,5 +1,6 @@
 #include "ui/advanced/AdvancedForm.h"
 
+#include "base/Error.h"
 #include "base/Numbers.h"
 #include "comm/dialogs/SerialSettings.h"
 #include "config/DataFileSaving.h"
@@ -12,7 +13,9 @@
 
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QDir>
 #include <QDropEvent>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
@@ -120,7 +123,11 @@ void AdvancedForm::EnableTransfers(bool enabled)
     BTN_Load->setEnabled(enabled);
 }
 
-void AdvancedForm::PrepareFileDialog(const std::string& folder, const std::string&) { fileFolder_ = folder; }
+void AdvancedForm::PrepareFileDialog(const std::string& folder, const std::string&)
+{
+    const bool isForSaving = QFileInfo(ToQt(folder)).isWritable(); // not where a package has put the program
+    fileFolder_ = isForSaving ? folder : FromQt(QDir::homePath());
+}
 
 void AdvancedForm::Attach(Document* document)
 {
@@ -361,7 +368,8 @@ void AdvancedForm::Unload()
     Preferences& preferences = services_.preferences;
     preferences.lastZorbusId = FromQt(TXT_ZorbusID->text());
     preferences.lastChannel = FromQt(TXT_ChannelNum->text());
-    SavePreferences(services_.settings, preferences);
+    if (!SavePreferences(services_.settings, preferences))
+        services_.errorLog.LogError("The preferences could not be saved", ObjectError(1), "AdvancedForm::Unload");
 }
 
 }

@@ -14,7 +14,6 @@ void FileActions::Open()
 void FileActions::OpenChosen(const std::string& path)
 {
     board_.LeaveRealTime();
-    dialogs_.Used(path);
     OpenAtStart(path);
 }
 
@@ -28,6 +27,7 @@ void FileActions::OpenRecent(const std::string& path)
 
 void FileActions::OpenAtStart(const std::string& path)
 {
+    dialogs_.Used(path);
     if (dialogs_.Allows(document_, path) && board_.OpenDataFile(path))
         recent_.Add(path);
 }

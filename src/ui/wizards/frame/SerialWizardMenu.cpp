@@ -120,7 +120,8 @@ void SerialWizardMenu::StartLogging_Click()
         services.prompts.Tell(host_->Device().DeviceType() == kDemoDeviceType
                                   ? "Logging not supported in demo mode."
                                   : "Logging not supported for unintialized ehSerialZorbus");
-    else if (link->StartLogging(services.state.programFolder))
+    else if (link->StartLogging(services.state.programFolder) || // which a package may have made,
+             link->StartLogging(services.state.rootFolder))      // for root alone to write in
         host_->View().CheckEntry(kLogging, true);
     else
         services.prompts.Tell("Tried but failed to start logging on " +
