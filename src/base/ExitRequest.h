@@ -2,6 +2,16 @@
 
 namespace tarvex {
 
+// The codes with which the program ends.
+inline constexpr int kExitNormal = 0;
+inline constexpr int kExitUnknownSwitch = 1;
+inline constexpr int kExitInitFile = 2;
+inline constexpr int kExitBatchEnds = 2;
+inline constexpr int kExitBatchWithoutFile = 5;
+inline constexpr int kExitViewFailed = 7; ///< the window that was asked for cannot be shown
+inline constexpr int kExitMissing = 8;    ///< a library or a display
+inline constexpr int kExitNoDemo = 9;     ///< the product has no simulated enclosure
+
 /// Carries "end the program with this code" up to main or to the nearest event-loop boundary, destroying what lies
 /// between. Not a std::exception, so that no handler of errors can take it for one.
 struct ExitRequest {

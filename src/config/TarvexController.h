@@ -87,7 +87,7 @@ private:
     void CheckDataFile(XmlElement root, const std::string& path) const;
     std::shared_ptr<RegisterObject> RegisterNamed(const std::string& name, const char* source) const;
     /// Makes the device that answered on a link the current one.
-    void InitConnected(const std::string& name);
+    void InitConnected(const std::string& name, IDevice& device);
     void RaiseProductChanged();
     bool ReadOneRegister(RegisterObject& target, IDevice& device, std::int16_t aspi);
     bool ReadAllRegisters(IDevice& device, std::int16_t aspi);

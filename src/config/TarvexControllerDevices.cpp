@@ -89,11 +89,11 @@ bool TarvexController::IConfigController_ConnectDevice(const std::string& path, 
         device.Disconnect();
         return false;
     }
-    InitConnected(std::string(*match)); // a handler may have the list of names read anew
+    InitConnected(std::string(*match), device); // a handler may have the list of names read anew
     return true;
 }
 
-void TarvexController::InitConnected(const std::string& name)
+void TarvexController::InitConnected(const std::string& name, IDevice& device)
 {
     bool loaded = false;
     try {
@@ -101,8 +101,10 @@ void TarvexController::InitConnected(const std::string& name)
     } catch (const Error&) {
         errorLog_.LogCurrentError();
     }
-    if (!loaded)
+    if (!loaded) {
+        device.Disconnect(); // the registers at hand are not those of its board
         Raise(ObjectError(0x12C), "TarvexController::ConnectDevice", "Unable to initialize product " + name);
+    }
     RaiseProductChanged();
     RaiseProductChanged(); // once for the device that was initialised and once for the connection
 }

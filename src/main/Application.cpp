@@ -1,5 +1,6 @@
 #include "main/Application.h"
 
+#include "base/ExitRequest.h"
 #include "base/Text.h"
 #include "comm/DemoDevice.h"
 #include "comm/HIDDevice.h"
@@ -38,8 +39,6 @@ namespace tarvex {
 
 namespace {
 
-constexpr int kExitStartFailed = 7;
-
 /// All parts of the program in the order in which they need each other; they die in the opposite order.
 class Application {
 public:
@@ -77,7 +76,7 @@ private:
     {
         const auto windows = QApplication::topLevelWidgets();
         if (std::none_of(windows.begin(), windows.end(), [](const QWidget* each) { return each->isVisible(); }))
-            ExitApplication(kExitStartFailed);
+            ExitApplication(kExitViewFailed);
     }
 
     DocumentServices Services(const std::string& commandLine)

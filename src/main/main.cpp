@@ -1,5 +1,7 @@
 #include "main/Application.h"
 
+#include "base/ExitRequest.h"
+
 #include <QApplication>
 
 #include <cstdio>
@@ -7,8 +9,6 @@
 #include <string>
 
 namespace {
-
-constexpr int kExitNoDisplay = 8;
 
 bool HasDisplay()
 {
@@ -23,7 +23,7 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&
 {
     std::fprintf(stderr, "%s\n", qPrintable(text));
     if (type == QtFatalMsg)
-        std::_Exit(kExitNoDisplay);
+        std::_Exit(tarvex::kExitMissing);
 }
 
 std::string JoinedArguments(int count, char** arguments)
@@ -40,7 +40,7 @@ int main(int argumentCount, char** arguments)
 {
     if (!HasDisplay()) {
         std::fputs("Tarvex needs a display: set DISPLAY or WAYLAND_DISPLAY and start it again.\n", stderr);
-        return kExitNoDisplay;
+        return tarvex::kExitMissing;
     }
     int programNameOnly = 1; // switches are the program's own, none is for the toolkit
     qInstallMessageHandler(EndWithoutDisplay);

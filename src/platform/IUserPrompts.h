@@ -54,7 +54,7 @@ public:
     /// The chosen path, or none when cancelled.
     virtual std::optional<std::string> AskOpenFile(const FileDialogRequest& request) = 0;
     virtual std::optional<std::string> AskSaveFile(const FileDialogRequest& request) = 0;
-    /// Lets the user pick one of the entries (product name or browse string of a device each); the entry's position,
+    /// Lets the user pick one of the entries (path or browse string of a device each); the entry's position,
     /// or none. Without entries it closes at once.
     virtual std::optional<std::size_t> BrowseForDevice(const std::vector<std::string>& entries) = 0;
     /// Shows the query-progress window over the window that is active; it lives while the caller waits through `IWait`,

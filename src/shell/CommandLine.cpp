@@ -8,8 +8,6 @@ namespace tarvex {
 
 namespace {
 
-constexpr int kExitUnknownSwitch = 1;
-
 [[noreturn]] void RefuseSwitch(const std::string& piece, const CommandLine& line, IUserPrompts& prompts)
 {
     if (!line.batch)

@@ -1,4 +1,5 @@
 #include "base/Error.h"
+#include "base/ExitRequest.h"
 #include "base/Text.h"
 #include "shell/Document.h"
 #include "shell/ProductViews.h"
@@ -10,11 +11,6 @@ namespace tarvex {
 
 namespace {
 
-constexpr int kExitNormal = 0;
-constexpr int kExitInitFile = 2;
-constexpr int kExitBatchEnds = 2;
-constexpr int kExitBatchWithoutFile = 5;
-constexpr int kExitViewFailed = 7;
 constexpr std::int32_t kErrInvalidArgument = ObjectError(6);
 
 /// Why the program ends without having shown a window.

@@ -7,14 +7,12 @@ namespace tarvex {
 
 namespace {
 
-constexpr int kExitNoInitFile = 2;
-
 std::string AskForInitFile(const ProgramState& state, IUserPrompts& prompts)
 {
     if (!prompts.Ask("Unable to find the initialization file Tarvex.xml in " + state.programFolder +
                          ". Do you want to search for it?",
                      "Tarvex Init File Not Found"))
-        ExitApplication(kExitNoInitFile);
+        ExitApplication(kExitInitFile);
     FileDialogRequest request;
     request.title = "Locate Tarvex.xml";
     request.folder = state.programFolder;
@@ -22,7 +20,7 @@ std::string AskForInitFile(const ProgramState& state, IUserPrompts& prompts)
     if (auto chosen = prompts.AskOpenFile(request))
         return *chosen;
     prompts.Tell("User canceled search for initialization file.  Closing Tarvex.");
-    ExitApplication(kExitNoInitFile);
+    ExitApplication(kExitInitFile);
 }
 
 void RefuseChoice(std::string_view fileName, IUserPrompts& prompts)

@@ -1,5 +1,6 @@
 #include "shell/Startup.h"
 
+#include "base/ExitRequest.h"
 #include "shell/InitFileSearch.h"
 
 #include <utility>
@@ -8,7 +9,6 @@ namespace tarvex {
 
 namespace {
 
-constexpr int kExitDependencies = 8;
 constexpr std::int32_t kStatusRefreshMilliseconds = 4000;
 
 }
@@ -35,7 +35,7 @@ void Startup::Initialise()
     ProgramState& state = services_.state;
     state.g_dependsHelp = "Try running the registerActiveX_<OS version>.bat in " + state.programFolder + "/../Depends.";
     if (!TestForDependencies(dependencies_, state, services_.prompts))
-        ExitApplication(kExitDependencies);
+        ExitApplication(kExitMissing);
     mainView_.InitialiseState();
     state.libraryVersionText.clear();
     state.firmwareVersionText.clear();

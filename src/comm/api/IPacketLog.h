@@ -15,7 +15,8 @@ public:
     virtual ~IPacketLog() = default;
 
     virtual bool IsPacketLogging() const noexcept = 0;
-    /// One completed transfer: the first `count` bytes of the packet (at most all of them) and the attempts it took.
+    /// One completed transfer: the first `count` bytes of the packet (at most all of them), and in `attempts` what it
+    /// took: attempts or, on USB, the bytes that the system passed on.
     virtual void LogPacket(PacketDirection direction, const Bytes& packet, std::size_t count,
                            int attempts) noexcept = 0;
     /// One failed transfer with the link's error text.

@@ -300,8 +300,13 @@ void AdvancedForm::IProgress_Show(bool visible) { ProgressBar1->setVisible(visib
 
 void AdvancedForm::WriteDataFile(const std::string& path)
 {
-    SaveDataFile({services_.state, services_.files, services_.clock}, *document_->initFile(), document_->controller(),
-                 path);
+    try {
+        SaveDataFile({services_.state, services_.files, services_.clock}, *document_->initFile(),
+                     document_->controller(), path);
+    } catch (const std::exception&) {
+        services_.errorLog.LogCurrentError();
+        throw;
+    }
 }
 
 void AdvancedForm::ShowVersion()

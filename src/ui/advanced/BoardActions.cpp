@@ -103,6 +103,8 @@ void BoardActions::ProductChanged(const std::string& product)
     modified_ = false;
     lastReadIncomplete_ = false;
     view_.ShowTitle("Tarvex");
+    view_.RealTime(false); // on another board nothing is written at once unasked
+    view_.ShowRules(RulesForProduct(product));
     if (IsFixedAddressProduct(product))
         view_.ShowTarget("0x333", "1");
     if (const auto nodeId = target_.NodeId(); nodeId && link_.IsSerial())
@@ -122,6 +124,7 @@ void BoardActions::LinkChanged()
     if (controller_.deviceName().empty() || !view_.IsViewVisible())
         return;
     services_.statusLine.DisplayStatusMessage("Changing underlying communication link.");
+    view_.RealTime(false);
     readWanted_ = Aim() && inUserAction_;
     if (!cancelled_)
         link_.Connect();
@@ -139,13 +142,24 @@ void BoardActions::FileOpened(const std::string& product, const std::string& pat
     FillGrid();
     ShowProducts();
     view_.EnableTransfers(true);
-    if (otherProduct) {
+    if (otherProduct && inUserAction_) { // a wizard keeps its link
         services_.state.g_minInitVersion = MinInitVersionForProduct(product);
         ChooseLinkForProduct(product);
         readWanted_ = false; // a read would overwrite what the file holds
         services_.statusLine.DisplayStatusMessage(path + " holds settings of " + product + ".");
     }
-    loadWanted_ = inUserAction_ && services_.preferences.autoLoadFileOpen && (firstProduct || !otherProduct);
+    const bool isMeant = !otherProduct || (firstProduct && IsOnlyDeviceOfItsMap(product));
+    loadWanted_ = inUserAction_ && services_.preferences.autoLoadFileOpen && isMeant;
+}
+
+/// A file does not tell the devices of one map apart.
+bool BoardActions::IsOnlyDeviceOfItsMap(const std::string& product)
+{
+    TarvexController& controller = document_.controller();
+    const std::string component = controller.GetComponentName(product);
+    const auto devices = controller.GetComponentProductNames();
+    return std::count_if(devices.begin(), devices.end(),
+                         [&](const std::string& each) { return controller.GetComponentName(each) == component; }) == 1;
 }
 
 void BoardActions::ChooseLinkForProduct(const std::string& product)
@@ -153,11 +167,16 @@ void BoardActions::ChooseLinkForProduct(const std::string& product)
     const ProductRules rules = RulesForProduct(product);
     view_.ShowRules(rules);
     const auto before = document_.device();
-    if (!rules.defaultLink.empty())
-        SwitchLink(rules.defaultLink);
     const auto links = LinksOf(product);
-    if (links.size() == 1)
-        SwitchLink(links.front());
+    try {
+        if (!rules.defaultLink.empty())
+            SwitchLink(rules.defaultLink);
+        if (links.size() == 1)
+            SwitchLink(links.front());
+    } catch (...) {
+        link_.Release(); // the link to the board of the product before
+        throw;
+    }
     if (document_.device() == before)
         link_.Release();
     if (links.size() == 1 && !document_.HasLink(links.front()) && !document_.IsDemoMode())

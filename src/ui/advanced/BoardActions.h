@@ -75,6 +75,8 @@ public:
     void ShowValues();
     void SetAsSecondaryView(bool secondary) { secondaryView_ = secondary; }
     bool IsModified() const { return modified_; }
+    /// Whether some registers could not be read in the last complete read.
+    bool LastReadIncomplete() const { return lastReadIncomplete_; }
     void Saved(const std::string& path);
     const std::string& FileName() const { return fileName_; }
     /// The caption of the checked product, or empty.
@@ -102,6 +104,7 @@ private:
     void LinkConnected();
     void SwitchLink(const std::string& link);
     void FileOpened(const std::string& product, const std::string& path);
+    bool IsOnlyDeviceOfItsMap(const std::string& product);
     void ChooseLinkForProduct(const std::string& product);
     void ShowProducts();
     void ShowLinks();

@@ -180,12 +180,14 @@ void BoardActions::WriteOne(const std::shared_ptr<RegisterObject>& object)
     // To an enclosure that is not the one in the address box, nothing may be written.
     if (document_.device() && Aim() && (!link_.IsSerial() || link_.Connect()))
         result = Run({object}, &RegisterTransfer::Write);
-    document_.UpdateAllViews(nullptr, kRegisterChanged, object->Name());
-    if (result.Complete())
+    if (result.Complete()) {
+        // Only then: a wizard that reads the register again would lose the edit and its mark.
+        document_.UpdateAllViews(nullptr, kRegisterChanged, object->Name());
         services_.statusLine.DisplayStatusMessage(object->Name() + " written.");
-    else
+    } else {
         services_.statusLine.DisplayStatusMessage("Failed to write " + object->Name() +
                                                   ". It stays marked for Load Configuration.");
+    }
     if (!result.error.empty())
         Tell(result.error);
 }

@@ -63,7 +63,9 @@ bool FileActions::Write(const std::string& path)
     dialogs_.Used(path);
     board_.Saved(path);
     recent_.Add(path);
-    statusLine_.DisplayStatusMessage(path + " saved.");
+    statusLine_.DisplayStatusMessage(path + (board_.LastReadIncomplete()
+                                                 ? " saved. Not every register in it could be read from the board."
+                                                 : " saved."));
     return true;
 }
 

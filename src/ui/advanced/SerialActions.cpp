@@ -68,8 +68,11 @@ void BoardActions::ChangeSerialSettings()
     CommSettings& settings = services_.preferences.serial;
     while (const auto chosen = services_.chooseSerialSettings(settings)) {
         settings = *chosen;
-        if (link_.IsSerial())
-            controller_.pid(target_.NodeId().value_or(0));
+        if (!link_.IsSerial()) {
+            services_.statusLine.DisplayStatusMessage("The settings are kept for the link SerialZorbus.");
+            return;
+        }
+        controller_.pid(target_.NodeId().value_or(0));
         const std::string port = "COM " + std::to_string(settings.comPort);
         if (link_.UseSettings(settings)) {
             services_.statusLine.DisplayStatusMessage("Communication verified on " + port);

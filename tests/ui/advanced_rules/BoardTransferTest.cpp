@@ -138,6 +138,12 @@ TEST_F(BoardTest, RealTimeEditsAreWrittenAtOnce)
     EXPECT_EQ(Writes().size(), 2U); // a second one only reports what it was told
     board_->EditRegister("R3", 0x3D);
     EXPECT_EQ(Writes().size(), 3U);
+    journal_.clear();
+    FailAt(0x24);
+    prompts_.ExpectMessage("No answer");
+    board_->EditRegister("R4", 1);
+    EXPECT_EQ(Changed(), Names{"R4"});
+    EXPECT_EQ(journal_, Names()); // a wizard would read it again, and with it the edit would go
 }
 
 TEST(RegisterTransfer, TakesFailuresFromTheCountsOfTheLinkAndOfWhatDepends)

@@ -147,8 +147,6 @@ std::string AnalogTx::UnreadMessage(const std::string& element)
 bool AnalogTx::OpenFile(const std::string& path)
 {
     IConfigController& controller = host_->Controller();
-    if (!IsOfThisBoard(path))
-        return false;
     const NodeIdGuard kept(controller);
     const bool isLoaded = BoardLoading(*host_, controller.deviceName(), Aspi()).Load(path);
     if (isLoaded)
@@ -162,18 +160,6 @@ bool AnalogTx::AddToFile(TarvexData&)
     if (host_->EnsureLink() && known_ == Knowledge::Incomplete)
         ReadRegisters();
     return known_ == Knowledge::Complete;
-}
-
-/// The registers of another board would be written to whatever stands at their addresses in this one.
-bool AnalogTx::IsOfThisBoard(const std::string& path)
-{
-    const WizardServices& services = host_->Services();
-    const std::string product = host_->Controller().deviceName();
-    if (!services.files.FileExists(path) || host_->TheDocument().initFile()->CheckForProduct(path, product))
-        return true;
-    services.errorLog.LogError(path + " holds no settings of " + product, ObjectError(6), "AnalogTx_Wizard::OpenFile");
-    services.prompts.Tell("Unable to open file " + path + ". See TarvexError.log for details");
-    return false;
 }
 
 void AnalogTx::MakeCurrentAgain()

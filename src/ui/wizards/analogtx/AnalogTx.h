@@ -49,7 +49,6 @@ public:
 private:
     std::int16_t Aspi() const;
     FlashSteps Steps();
-    bool IsOfThisBoard(const std::string& path);
     void MakeCurrentAgain();
     void ReadRegisters();
 

@@ -16,8 +16,6 @@ namespace tarvex {
 
 namespace {
 
-constexpr int kExitNoProducts = 7;
-
 /// Up to a range, the large step is the range divided by a number.
 struct StepTier {
     std::int32_t upTo;
@@ -104,7 +102,7 @@ void Cendra::ShowTree()
     host.View().ShowTree(tree);
     if (first.empty()) {
         prompts.Tell("No products discovered.  Exiting.");
-        ExitApplication(kExitNoProducts);
+        ExitApplication(kExitViewFailed);
     }
     host.View().SelectNode(first);
     NodeClicked(first);
@@ -113,8 +111,11 @@ void Cendra::ShowTree()
 void Cendra::NodeClicked(const std::string& key)
 {
     if (target_.Choose(key)) {
+        node_ = key;
         unread_ = true;
         target_.Host().TellOtherViews(kEverythingChanged, "");
+    } else {
+        target_.Host().View().SelectNode(node_); // the mark stays on the connector that is adjusted
     }
     target_.Host().SelectAgain();
 }

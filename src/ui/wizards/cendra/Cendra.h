@@ -66,6 +66,7 @@ private:
     CendraFiles files_{target_};
     CendraPulseWidth pulse_{target_};
     std::string product_;
+    std::string node_;   ///< key of the current connector
     bool unread_ = true; ///< not every register holds what the current connector has
 };
 

@@ -17,8 +17,6 @@ namespace tarvex {
 
 namespace {
 
-constexpr int kExitNoEnclosure = 7;
-constexpr int kExitNoDemo = 9;
 constexpr std::int32_t kHelpContents = 0;
 constexpr const char* kSource = "Cendra_Wizard::Discover";
 
@@ -59,7 +57,7 @@ void CendraDiscovery::Discover(const std::string& product)
 {
     while (!TryDiscover(product))
         if (AskAgain() != Answer::Retry)
-            ExitApplication(kExitNoEnclosure);
+            ExitApplication(kExitViewFailed);
 }
 
 bool CendraDiscovery::TryDiscover(const std::string& product)
@@ -177,7 +175,7 @@ Answer CendraDiscovery::AskAgain()
 void CendraDiscovery::GiveUp(const std::string& reason)
 {
     target_.Host().Services().prompts.Tell(reason);
-    ExitApplication(kExitNoEnclosure);
+    ExitApplication(kExitViewFailed);
 }
 
 }

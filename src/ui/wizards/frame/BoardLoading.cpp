@@ -1,7 +1,10 @@
 #include "ui/wizards/frame/BoardLoading.h"
 
+#include "base/Error.h"
 #include "config/IProgress.h"
+#include "config/TarvexData.h"
 #include "model/RegisterObject.h"
+#include "shell/Document.h"
 #include "ui/wizards/frame/RegisterWrite.h"
 
 #include <utility>
@@ -26,7 +29,7 @@ BoardLoading::BoardLoading(IWizardHost& host, std::string target, std::int16_t a
 
 bool BoardLoading::Load(const std::string& path)
 {
-    if (!host_.EnsureLink())
+    if (!IsOfThisBoard(path) || !host_.EnsureLink())
         return false;
     const std::int32_t before = Probed().value();
     if (!IsPresetWritable()) {
@@ -43,6 +46,18 @@ bool BoardLoading::Load(const std::string& path)
     }
     WriteAll();
     return true;
+}
+
+/// The registers of another board would be written to whatever stands at their addresses in this one.
+bool BoardLoading::IsOfThisBoard(const std::string& path)
+{
+    const WizardServices& services = host_.Services();
+    const std::string device = host_.Controller().deviceName();
+    if (!services.files.FileExists(path) || host_.TheDocument().initFile()->CheckForProduct(path, device))
+        return true;
+    services.errorLog.LogError(path + " holds no settings of " + device, ObjectError(6), kSource);
+    services.prompts.Tell("Unable to open file " + path + ". See TarvexError.log for details");
+    return false;
 }
 
 bool BoardLoading::IsPresetWritable()

@@ -21,6 +21,7 @@ public:
     bool Load(const std::string& path);
 
 private:
+    bool IsOfThisBoard(const std::string& path);
     bool IsPresetWritable();
     void Restore(std::int32_t value);
     bool WriteProbed(std::int32_t value);

@@ -45,6 +45,8 @@ void VexlonTarget::NodeClicked(const std::string& key)
     if (!node || !IsFiberChannel(key))
         return;
     if (Connect(key)) {
+        if (name_ != key)
+            board_.Host().DropDataFile(); // it is the other channel's, and not to be overwritten with this one's
         name_ = key;
         mode_.ForgetChanges();
     } else {

@@ -193,7 +193,9 @@ TEST_F(CendraTest, EachConnectorIsATargetOfItsOwn)
     EXPECT_EQ(Calls(), "R72.10 ");
     EXPECT_EQ(journal_.at(journal_.size() - 3) + journal_.at(journal_.size() - 2),
               "main: SetZorbusID 6699main: SetChannelNum 10");
+    View().node = "root";
     Frame().NodeClicked("root"); // stays there
+    EXPECT_EQ(View().node, "1product Source 10");
     Select("Green_Skew");
     View().MoveBar(7);
     EXPECT_EQ(View().valueText, "14 ns");

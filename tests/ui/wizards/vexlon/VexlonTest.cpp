@@ -246,6 +246,12 @@ TEST_F(VexlonTest, AFileIsAppliedOnlyToAWritablePreset)
     frame_.Open();
     EXPECT_EQ(TakeWrites(), (Values{{"DE_TOP", 253}, {"DE_TOP", 254}}));
     usb_->onTransfer = asLink;
+    files_.files["/home/other.xml"] = InitFileBuilder().Text(); // of another board
+    TakeWrites();
+    prompts_.ExpectOpenFile("/home/other.xml");
+    prompts_.ExpectMessage("Unable to open file /home/other.xml. See TarvexError.log for details");
+    frame_.Open();
+    EXPECT_EQ(TakeWrites(), Values{});
     prompts_.ExpectOpenFile("/home/none.xml");
     prompts_.ExpectMessage("Unable to open file /home/none.xml. See TarvexError.log for details");
     frame_.Open();
