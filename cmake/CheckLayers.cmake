@@ -11,7 +11,7 @@ set(separate_rooms ui/wizards/vexlon ui/wizards/cendra ui/wizards/analogtx)
 set(toolkit_free_files AnalogTx BitsetElements Board[A-Za-z]* Cendra[A-Za-z]* EnclosureMatch FileActions HelpTips
   HexFieldRules IRegisterView ISerialWizardDialogs ItemObject IWizard[A-Za-z]+ NavigationTree NodeIdGuard
   RegisterTransfer RegisterWrite RtfReader RtfText SerialActions SerialTarget SerialWizardFlash SerialWizardMenu
-  UI_LineItem Vexlon[A-Za-z]* WizardDescription WizardElements WizardFiles WizardFrame[A-Za-z]* WizardLink[A-Za-z]*
+  TransferStep UI_LineItem Vexlon[A-Za-z]* WizardDescription WizardElements WizardFiles WizardFrame[A-Za-z]* WizardLink[A-Za-z]*
   [A-Za-z]*Rules)
 # Headers that the build makes, and what the meta-object compiler writes beside a source.
 set(generated_headers "^(VersionNumbers\\.h|[A-Za-z_]+\\.moc)$")

@@ -37,6 +37,7 @@ bool SerialZorbusZone::Open(const CommSettings& settings)
         wait_.Pause(kRestBeforeReopening);
     }
     AwaitRest();
+    CloseZone(std::exchange(rest_.unclosed, kNoZone));
     ZoneHandle handle = kNoZone;
     if (Succeeded(library_->OpenZone(settings.comPort, settings.baudRate, AsNorvaneBool(settings.keepLinkOpen), handle),
                   "OpenZone") &&
@@ -53,11 +54,12 @@ void SerialZorbusZone::AwaitRest()
         wait_.Pause(std::chrono::ceil<std::chrono::milliseconds>(*until - now));
 }
 
-void SerialZorbusZone::Close()
+void SerialZorbusZone::Close() { CloseZone(std::exchange(handle_, kNoZone)); }
+
+void SerialZorbusZone::CloseZone(ZoneHandle handle)
 {
-    const ZoneHandle handle = std::exchange(handle_, kNoZone);
-    if (handle != kNoZone)
-        Succeeded(library_->CloseZone(handle), "CloseZone");
+    if (handle != kNoZone && !Succeeded(library_->CloseZone(handle), "CloseZone"))
+        rest_.unclosed = handle; // tried again before the next opening
 }
 
 std::vector<std::int32_t> SerialZorbusZone::Discover()

@@ -15,10 +15,11 @@ namespace tarvex {
 class IErrorLog;
 class IWait;
 
-/// Until when the serial port that a link left open at its end has to rest. One per program, owned by main: the next
-/// link waits for it before it opens a port.
+/// What a link leaves behind at its port for the next one: until when the port has to rest that it left open at its
+/// end, and a zone that the library failed to close, which keeps the port taken. One per program, owned by main.
 struct ZoneRest {
     std::optional<std::chrono::steady_clock::time_point> until;
+    ZoneHandle unclosed = kNoZone;
 };
 
 /// The zone of the network library that a serial link works through: at most one is open. Every operation but Open is
@@ -56,6 +57,7 @@ public:
 
 private:
     void AwaitRest();
+    void CloseZone(ZoneHandle handle);
     bool Succeeded(NorvaneStatus status, const char* operation);
 
     std::shared_ptr<INorvaneSystem> library_;

@@ -127,8 +127,11 @@ bool TarvexController::IConfigController_InitDeviceFromFile(const std::string& p
 DeviceMap TarvexController::ReadDataFile(const std::string& path) const
 {
     XmlDocument document;
-    if (!LoadXmlFile(files_, path, document))
+    if (!LoadXmlFile(files_, path, document)) {
+        errorLog_.LogError(path + ": " + document.LastErrorText(), ObjectError(6),
+                           "TarvexController::InitDeviceFromFile");
         RaiseInvalid("Unable to load data file " + path);
+    }
     CheckDataFile(document.Root(), path);
     const XmlElement component = FirstComponent(document.Root());
     DeviceMap built =

@@ -21,9 +21,10 @@ std::array<int, 2> g_pipe{-1, -1}; // a signal handler can reach nothing else
 constexpr std::array<int, 3> kSignals{SIGTERM, SIGINT, SIGHUP}; // the last when the terminal goes
 constexpr std::chrono::milliseconds kCancelPause{50};
 
-/// Work that waits for an answer would keep the program from ending.
-void CancelQuestion(const BusyState& busy)
+/// Long work, or work that waits for an answer, would keep the program from ending.
+void CancelWork(BusyState& busy)
 {
+    busy.Cancel();
     if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()); dialog != nullptr && busy.IsBusy())
         dialog->reject();
 }
@@ -46,7 +47,7 @@ ExitSignals::ExitSignals(BusyState& busy)
         Guarded([&] { busy.WhenIdle("ExitSignal", [] { ExitApplication(0); }); });
         cancelling_.start(kCancelPause);
     });
-    QObject::connect(&cancelling_, &QTimer::timeout, &cancelling_, [&busy] { CancelQuestion(busy); });
+    QObject::connect(&cancelling_, &QTimer::timeout, &cancelling_, [&busy] { CancelWork(busy); });
     for (const int number : kSignals)
         std::signal(number, HandleSignal);
 }

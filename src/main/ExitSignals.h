@@ -11,8 +11,8 @@
 namespace tarvex {
 
 /// Turns SIGTERM, SIGINT and SIGHUP into a request to end the program with code 0, so that preferences are saved and
-/// working copies deleted. While a sequence of transfers runs the request waits for its end, and a question that the
-/// sequence asks counts as cancelled.
+/// working copies deleted. While a sequence of transfers runs it is asked to stop early, a question that it asks counts
+/// as cancelled, and the request waits for its end.
 class ExitSignals {
 public:
     explicit ExitSignals(BusyState& busy);

@@ -47,6 +47,10 @@ void BoardActions::SelectProduct(const std::string& product)
 {
     if (product == controller_.deviceName())
         return;
+    if (!MayDropEdits()) {
+        ShowProducts(); // the mark stays on the product in use
+        return;
+    }
     const UserAction action(*this);
     if (!controller_.InitDevice(product))
         Raise(101, "AdvancedForm::ProductMenu_Click", "Invalid XML file.  Product " + product + " not found.");
@@ -57,6 +61,10 @@ void BoardActions::SelectProduct(const std::string& product)
 
 void BoardActions::SelectLink(const std::string& link)
 {
+    if ((link_.DeviceType() != link || !link_.IsConnected()) && !MayDropEdits()) { // a read follows
+        ShowLinks();
+        return;
+    }
     const UserAction action(*this);
     const auto before = document_.device();
     const auto stoodTo = link_.ConnectedId();
@@ -83,6 +91,14 @@ bool BoardActions::OpenDataFile(const std::string& path)
     }
     FinishAction();
     return true;
+}
+
+bool BoardActions::MayDropEdits()
+{
+    const std::size_t edits = modified_ ? ChangedRegisters(controller_).size() : 0;
+    return edits == 0 || services_.prompts.Ask(std::to_string(edits) +
+                                               (edits == 1 ? " changed register has" : " changed registers have") +
+                                               " been neither loaded into the board nor saved. Discard the changes?");
 }
 
 void BoardActions::Saved(const std::string& path)

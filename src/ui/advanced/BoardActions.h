@@ -75,6 +75,9 @@ public:
     void ShowValues();
     void SetAsSecondaryView(bool secondary) { secondaryView_ = secondary; }
     bool IsModified() const { return modified_; }
+    /// Before the registers get other values: asks about edits that neither the board nor a file has. False when the
+    /// user wants to keep them.
+    bool MayDropEdits();
     /// Whether some registers could not be read in the last complete read.
     bool LastReadIncomplete() const { return lastReadIncomplete_; }
     void Saved(const std::string& path);

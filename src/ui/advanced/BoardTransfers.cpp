@@ -31,7 +31,9 @@ private:
 void BoardActions::ReadConfiguration()
 {
     const UserAction action(*this);
-    if (link_.Device() && !link_.IsDemo() && !link_.IsSerial() && !link_.Connect())
+    if (!Aim())
+        return;
+    if (link_.Device() && !link_.IsDemo() && !link_.Connect())
         Connecting();
     else
         ReadIfLinkAnswers();

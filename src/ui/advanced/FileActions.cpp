@@ -28,7 +28,7 @@ void FileActions::OpenRecent(const std::string& path)
 void FileActions::OpenAtStart(const std::string& path)
 {
     dialogs_.Used(path);
-    if (dialogs_.Allows(document_, path) && board_.OpenDataFile(path))
+    if (dialogs_.Allows(document_, path) && board_.MayDropEdits() && board_.OpenDataFile(path))
         recent_.Add(path);
 }
 

@@ -20,6 +20,7 @@ void BusyState::Enter()
 {
     if (depth_++ > 0)
         return;
+    cancelled_ = false;
     gate_.Close();
     QApplication::setOverrideCursor(Qt::WaitCursor);
     Announce(true);

@@ -19,8 +19,10 @@ public:
     BusyState& operator=(const BusyState&) = delete;
 
     bool IsBusy() const { return depth_ > 0; }
-    /// True once Escape was pressed during the sequence that runs now.
-    bool Cancelled() const { return IsBusy() && gate_.EscapePressed(); }
+    /// Asks the sequence that runs now to stop early, as Escape does.
+    void Cancel() { cancelled_ = IsBusy(); }
+    /// True once Escape was pressed, or Cancel called, during the sequence that runs now.
+    bool Cancelled() const { return IsBusy() && (cancelled_ || gate_.EscapePressed()); }
     /// Runs the action now, or soon after the sequence that runs now has ended; of each kind only the last one waits.
     /// Errors of an action that runs now reach the caller; those of one that waited are logged and shown.
     void WhenIdle(const std::string& kind, std::function<void()> action);
@@ -37,6 +39,7 @@ private:
     void Forget(const std::string& kind);
 
     int depth_ = 0;
+    bool cancelled_ = false;
     InputGate gate_;
     std::vector<std::pair<std::string, std::function<void()>>> waiting_; // in the order in which they were asked for
 };

@@ -30,8 +30,9 @@ bool IsServed(const std::string& product) { return product == "Vexlon" || produc
 }
 
 AnalogTx::AnalogTx(CommSettings& settings, std::unique_ptr<ISerialWizardDialogs> dialogs)
-    : dialogs_(std::move(dialogs)), elements_([this](RegisterObject&) { return Aspi(); }),
-      menu_(settings, *dialogs_, [this] { MakeCurrentAgain(); }), flash_(menu_, Steps())
+    : image_([this](const RegisterObject&) { return Aspi(); }), dialogs_(std::move(dialogs)),
+      elements_([this](RegisterObject&) { return Aspi(); }), menu_(settings, *dialogs_, [this] { MakeCurrentAgain(); }),
+      flash_(menu_, Steps())
 {}
 
 WizardDescription AnalogTx::Describe()
@@ -52,10 +53,8 @@ WizardDescription AnalogTx::Describe()
 FlashSteps AnalogTx::Steps()
 {
     const auto restore = [this](SerialZorbus& link) {
-        const bool restored = link.RestoreCache();
-        if (restored)
-            known_ = Knowledge::None;
-        return restored;
+        image_.Forget();
+        return link.RestoreCache();
     };
     return {[](SerialZorbus& link) { return link.ResetCache(); }, restore, AllFlashTexts};
 }
@@ -73,9 +72,7 @@ bool AnalogTx::Init(const std::shared_ptr<IProduct>&)
     linkChanged_ = host_->TheDocument().CommLinkChanged.Subscribe(
         [this](const std::shared_ptr<IDevice>& device) { r_document_CommLinkChanged(device); });
     menu_.HandOverSettings();
-    // The main window reads the transmitter when the link to it comes up.
-    if (!host_->EnsureLink() || !menu_.Link())
-        known_ = Knowledge::None;
+    host_->EnsureLink();
     return true;
 }
 
@@ -83,13 +80,6 @@ void AnalogTx::SetCurrentProduct(const std::string& product)
 {
     host_->View().ShowTree(IsServed(product) ? NavigationTreeOf(product) : std::vector<TreeNode>());
     host_->View().SelectNode(product);
-}
-
-void AnalogTx::MenusEnabled(bool enabled)
-{
-    menu_.MenusEnabled(enabled);
-    if (!enabled) // the board may come back with other values
-        known_ = Knowledge::None;
 }
 
 void AnalogTx::NodeClicked(const std::string& key)
@@ -102,25 +92,6 @@ std::int16_t AnalogTx::Aspi() const
 {
     const bool isOnNetwork = host_->Device().DeviceType() == kSerialDeviceType;
     return isOnNetwork && host_->Controller().deviceName() == kProduct ? kAspi : kNoAspi;
-}
-
-/// One register that cannot be read does not keep the others from being adjusted.
-void AnalogTx::CatchUp()
-{
-    if (known_ == Knowledge::None)
-        ReadRegisters();
-}
-
-void AnalogTx::ReadRegisters()
-{
-    IConfigController& controller = host_->Controller();
-    const auto busy = host_->Services().beginBusy();
-    const int before = host_->Failures();
-    known_ = Knowledge::Incomplete;
-    for (std::int16_t i = 0; i < controller.GetI2CRegisterCount(); ++i)
-        controller.GetI2CRegister(i)->ReadValue(host_->Device(), Aspi());
-    if (host_->Failures() == before)
-        known_ = Knowledge::Complete;
 }
 
 bool AnalogTx::WriteElement(const std::string& element, std::int32_t value)
@@ -148,18 +119,7 @@ bool AnalogTx::OpenFile(const std::string& path)
 {
     IConfigController& controller = host_->Controller();
     const NodeIdGuard kept(controller);
-    const bool isLoaded = BoardLoading(*host_, controller.deviceName(), Aspi()).Load(path);
-    if (isLoaded)
-        known_ = Knowledge::Complete;
-    return isLoaded;
-}
-
-/// A file is saved from the registers: they must not hold anything that the board does not have.
-bool AnalogTx::AddToFile(TarvexData&)
-{
-    if (host_->EnsureLink() && known_ == Knowledge::Incomplete)
-        ReadRegisters();
-    return known_ == Knowledge::Complete;
+    return BoardLoading(*host_, controller.deviceName(), Aspi()).Load(path);
 }
 
 void AnalogTx::MakeCurrentAgain()
@@ -167,14 +127,10 @@ void AnalogTx::MakeCurrentAgain()
     IConfigController& controller = host_->Controller();
     const NodeIdGuard kept(controller);
     controller.InitDevice(kProduct);
-    known_ = Knowledge::None;
+    image_.Forget();
 }
 
-void AnalogTx::r_document_CommLinkChanged(const std::shared_ptr<IDevice>&)
-{
-    known_ = Knowledge::None;
-    menu_.ehSerialZorbus_Connected(kNoPort);
-}
+void AnalogTx::r_document_CommLinkChanged(const std::shared_ptr<IDevice>&) { menu_.ehSerialZorbus_Connected(kNoPort); }
 
 void AnalogTx::Unload()
 {

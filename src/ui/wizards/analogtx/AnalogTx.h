@@ -3,6 +3,7 @@
 #include "base/Event.h"
 #include "platform/zorbus/CommSettings.h"
 #include "ui/wizards/frame/BitsetElements.h"
+#include "ui/wizards/frame/BoardImage.h"
 #include "ui/wizards/frame/ISerialWizardDialogs.h"
 #include "ui/wizards/frame/IWizardProduct.h"
 #include "ui/wizards/frame/SerialWizardFlash.h"
@@ -28,8 +29,8 @@ public:
     bool Init(const std::shared_ptr<IProduct>&) override;
     void SetCurrentProduct(const std::string& product) override;
     void DeviceBound(const std::shared_ptr<IDevice>& device) override { menu_.DeviceBound(device); }
-    void MenusEnabled(bool enabled) override;
-    void CatchUp() override;
+    void MenusEnabled(bool enabled) override { menu_.MenusEnabled(enabled); }
+    BoardImage& Image() override { return image_; }
     void NodeClicked(const std::string& key) override;
 
     ElementBounds Bounds(const std::string& element) override { return elements_.Bounds(element); }
@@ -40,7 +41,6 @@ public:
     std::string UnreadMessage(const std::string& element) override;
 
     bool OpenFile(const std::string& path) override;
-    bool AddToFile(TarvexData& file) override;
     void Unload() override;
 
     /// Another link has been put in place while the wizard is at work.
@@ -50,15 +50,13 @@ private:
     std::int16_t Aspi() const;
     FlashSteps Steps();
     void MakeCurrentAgain();
-    void ReadRegisters();
 
     IWizardHost* host_ = nullptr;
+    BoardImage image_;
     std::unique_ptr<ISerialWizardDialogs> dialogs_;
     BitsetElements elements_;
     SerialWizardMenu menu_;
     SerialWizardFlash flash_;
-    /// Whether the registers hold what the board has.
-    enum class Knowledge { None, Incomplete, Complete } known_ = Knowledge::Complete;
     Subscription linkChanged_;
 };
 

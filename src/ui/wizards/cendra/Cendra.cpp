@@ -29,7 +29,8 @@ constexpr std::int32_t kLargestSingleStepRange = 10;
 }
 
 Cendra::Cendra(CommSettings& settings, std::unique_ptr<ISerialWizardDialogs> dialogs)
-    : elements_([this](const RegisterObject& each) { return target_.Aspi(each); }), dialogs_(std::move(dialogs)),
+    : image_([this](const RegisterObject& each) { return target_.OwnAspi(each); }),
+      elements_([this](const RegisterObject& each) { return target_.Aspi(each); }), dialogs_(std::move(dialogs)),
       port_(settings, *dialogs_), flash_(port_, StepsOfFlash()),
       discovery_(target_, [this](SerialZorbus&) { return port_.AskToRetry(); })
 {}
@@ -69,17 +70,11 @@ void Cendra::Attach(IWizardHost& host)
     flash_.Attach(host);
 }
 
-void Cendra::MenusEnabled(bool enabled)
-{
-    port_.MenusEnabled(enabled);
-    unread_ = unread_ || !enabled; // the boards may come back with other values
-}
-
 /// The wizard reads what its element needs; the register window shows, and changes bit by bit, every register.
 void Cendra::CatchUp()
 {
-    if (target_.Host().TheDocument().IsMainViewVisible() && std::exchange(unread_, false))
-        files_.ReadCurrentConnector();
+    if (target_.Host().TheDocument().IsMainViewVisible())
+        image_.CatchUp();
 }
 
 void Cendra::SetCurrentProduct(const std::string& product)
@@ -112,7 +107,7 @@ void Cendra::NodeClicked(const std::string& key)
 {
     if (target_.Choose(key)) {
         node_ = key;
-        unread_ = true;
+        image_.Forget();
         target_.Host().TellOtherViews(kEverythingChanged, "");
     } else {
         target_.Host().View().SelectNode(node_); // the mark stays on the connector that is adjusted
@@ -172,7 +167,7 @@ FlashSteps Cendra::StepsOfFlash()
 {
     return {[](SerialZorbus& link) { return link.ResetCache() && link.Reboot(); },
             [this](SerialZorbus& link) {
-                unread_ = true;
+                image_.Forget();
                 return link.Reboot();
             },
             [this] { return TextsOfFlash(); }};

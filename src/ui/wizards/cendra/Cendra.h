@@ -6,6 +6,7 @@
 #include "ui/wizards/cendra/CendraPulseWidth.h"
 #include "ui/wizards/cendra/CendraTarget.h"
 #include "ui/wizards/frame/BitsetElements.h"
+#include "ui/wizards/frame/BoardImage.h"
 #include "ui/wizards/frame/ISerialWizardDialogs.h"
 #include "ui/wizards/frame/IWizardProduct.h"
 #include "ui/wizards/frame/SerialWizardFlash.h"
@@ -32,7 +33,8 @@ public:
     bool Init(const std::shared_ptr<IProduct>&) override { return true; }
     void SetCurrentProduct(const std::string& product) override;
     void DeviceBound(const std::shared_ptr<IDevice>& device) override { port_.DeviceBound(device); }
-    void MenusEnabled(bool enabled) override;
+    void MenusEnabled(bool enabled) override { port_.MenusEnabled(enabled); }
+    BoardImage& Image() override { return image_; }
     void CatchUp() override;
     void NodeClicked(const std::string& key) override;
     bool UpdateUI(std::int32_t kind, const std::string& name) override;
@@ -57,6 +59,7 @@ private:
     void ShowTree();
 
     CendraTarget target_;
+    BoardImage image_; ///< of the current connector
     BitsetElements elements_;
     std::unique_ptr<ISerialWizardDialogs> dialogs_;
     SerialWizardMenu port_;
@@ -66,8 +69,7 @@ private:
     CendraFiles files_{target_};
     CendraPulseWidth pulse_{target_};
     std::string product_;
-    std::string node_;   ///< key of the current connector
-    bool unread_ = true; ///< not every register holds what the current connector has
+    std::string node_; ///< key of the current connector
 };
 
 }

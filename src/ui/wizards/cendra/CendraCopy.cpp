@@ -2,8 +2,8 @@
 
 #include "config/IProgress.h"
 #include "model/RegisterObject.h"
-#include "ui/wizards/cendra/CendraStep.h"
 #include "ui/wizards/cendra/CendraTree.h"
+#include "ui/wizards/frame/TransferStep.h"
 
 #include <memory>
 #include <set>
@@ -31,9 +31,12 @@ void CendraCopy::LoadAllConfigElements()
     if (!target_.HasConnector() || !target_.IsOwn(target_.Product()))
         return;
     std::set<std::uint16_t> done{target_.Connector()};
+    std::string foreign;
     std::shared_ptr<void> progress;
     for (const std::string& key : target_.Host().View().CheckedNodes()) {
         const auto leaf = LeafOfKey(key);
+        if (leaf && !target_.IsOwn(leaf->product))
+            foreign += (foreign.empty() ? "" : ", ") + std::to_string(leaf->connector);
         if (!leaf || !target_.IsOwn(leaf->product) || !done.insert(static_cast<std::uint16_t>(leaf->connector)).second)
             continue;
         if (!progress)
@@ -41,6 +44,8 @@ void CendraCopy::LoadAllConfigElements()
         if (!CopyTo(static_cast<std::uint16_t>(leaf->connector)))
             return;
     }
+    if (!foreign.empty())
+        target_.Host().Say("Not copied to boards of another product: connector " + foreign);
 }
 
 /// False when the link is lost.
@@ -53,10 +58,10 @@ bool CendraCopy::CopyTo(std::uint16_t connector)
     host.Say("Copying profile to connector " + std::to_string(connector));
     for (std::int16_t i = 0; i < count; ++i) {
         const auto each = host.Controller().GetI2CRegister(i);
-        const CendraStep step = TryStep(host, [&] { return CopyRegister(*each, connector); });
-        if (step == CendraStep::LinkLost)
+        const TransferStep step = TryStep(host, [&] { return CopyRegister(*each, connector); });
+        if (step == TransferStep::LinkLost)
             return false;
-        if (step == CendraStep::Failed)
+        if (step == TransferStep::Failed)
             host.Services().prompts.Tell("error writing register for connector " + std::to_string(connector) + " to " +
                                          host.Controller().deviceName());
         host.View().Progress().TickProgress(1);

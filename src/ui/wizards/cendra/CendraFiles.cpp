@@ -6,10 +6,10 @@
 #include "config/IProgress.h"
 #include "model/RegisterObject.h"
 #include "shell/Document.h"
-#include "ui/wizards/cendra/CendraStep.h"
 #include "ui/wizards/cendra/EnclosureMatch.h"
 #include "ui/wizards/frame/NodeIdGuard.h"
 #include "ui/wizards/frame/RegisterWrite.h"
+#include "ui/wizards/frame/TransferStep.h"
 
 #include <algorithm>
 
@@ -51,7 +51,6 @@ bool CendraFiles::Apply(const std::string& path)
     for (const Enclosure::SlotProduct& each : saved->GetProducts())
         if (target_.IsOwn(each.product->Name()) && !WriteProduct(file, *saved, *each.product))
             return false;
-    ReadCurrentConnector(); // the registers were left with what the last connector got
     return true;
 }
 
@@ -61,20 +60,6 @@ void CendraFiles::UseMapOf(const std::string& path) const
     const NodeIdGuard kept(controller);
     if (!controller.InitDeviceFromFile(path))
         Raise(ObjectError(1), kSource, "The file " + path + " cannot be used for this product");
-}
-
-void CendraFiles::ReadCurrentConnector() const
-{
-    IWizardHost& host = target_.Host();
-    if (!target_.HasConnector() || !target_.IsOwn(target_.Product()))
-        return;
-    const auto busy = host.Services().beginBusy();
-    for (std::int16_t i = 0; i < host.Controller().GetI2CRegisterCount(); ++i) {
-        const auto each = host.Controller().GetI2CRegister(i);
-        const std::int16_t aspi = target_.Aspi(*each);
-        if (aspi != kNoAspi)
-            each->ReadValue(host.Device(), aspi);
-    }
 }
 
 /// The one in use, when the file holds it; otherwise its first one.
@@ -138,10 +123,10 @@ bool CendraFiles::WriteConnector(const TarvexData& file, const Enclosure& saved,
         std::int32_t value = 0;
         if (!file.ReadChannelRegisterValue(saved, product.Name(), connector, side, each->Name(), value))
             continue;
-        const CendraStep step = TryStep(host, [&] { return WriteRegister(*each, value, connector); });
-        if (step == CendraStep::LinkLost)
+        const TransferStep step = TryStep(host, [&] { return WriteRegister(*each, value, connector); });
+        if (step == TransferStep::LinkLost)
             return false;
-        if (step == CendraStep::Failed)
+        if (step == TransferStep::Failed)
             host.Services().prompts.Tell("error writing register to " + host.Controller().deviceName());
     }
     return true;

@@ -22,8 +22,6 @@ public:
     /// Adds the enclosure with the settings of all connectors; false when the link is down. Raises 0x80040001 when a
     /// board does not deliver them.
     bool AddTo(TarvexData& file);
-    /// Reads every register of the current connector, where its board is of the controller's product.
-    void ReadCurrentConnector() const;
 
 private:
     bool Apply(const std::string& path);

@@ -52,6 +52,12 @@ bool CendraTarget::IsOwn(std::size_t product) const
     return product < products.size() && IsOwn(products[product].product->Name());
 }
 
+std::optional<std::int16_t> CendraTarget::OwnAspi(const RegisterObject& target) const
+{
+    const std::int16_t aspi = HasConnector() && IsOwn(product_) ? Aspi(target) : kNoAspi;
+    return aspi == kNoAspi ? std::nullopt : std::optional(aspi);
+}
+
 std::int16_t CendraTarget::AspiAt(const RegisterObject& target, std::uint16_t connector) const
 {
     if (connector == kNoConnector)

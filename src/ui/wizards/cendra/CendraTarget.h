@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace tarvex {
@@ -51,7 +52,9 @@ public:
 
     /// Address of the signal processor that serves a register of the current connector; kNoAspi when there is none.
     std::int16_t Aspi(const RegisterObject& target) const { return AspiAt(target, connector_); }
-    /// The same for any connector.
+    /// The same; none also while the current connector is one of another product's boards.
+    std::optional<std::int16_t> OwnAspi(const RegisterObject& target) const;
+    /// The address for any connector.
     std::int16_t AspiAt(const RegisterObject& target, std::uint16_t connector) const;
 
 private:

@@ -4,8 +4,10 @@
 #include "config/IProgress.h"
 #include "config/TarvexData.h"
 #include "model/RegisterObject.h"
+#include "platform/xml/XmlFiles.h"
 #include "shell/Document.h"
 #include "ui/wizards/frame/RegisterWrite.h"
+#include "ui/wizards/frame/TransferStep.h"
 
 #include <utility>
 
@@ -44,8 +46,7 @@ bool BoardLoading::Load(const std::string& path)
         host_.Services().prompts.Tell("Unable to open file " + path + ". See TarvexError.log for details");
         return false;
     }
-    WriteAll();
-    return true;
+    return WriteAll();
 }
 
 /// The registers of another board would be written to whatever stands at their addresses in this one.
@@ -53,9 +54,12 @@ bool BoardLoading::IsOfThisBoard(const std::string& path)
 {
     const WizardServices& services = host_.Services();
     const std::string device = host_.Controller().deviceName();
-    if (!services.files.FileExists(path) || host_.TheDocument().initFile()->CheckForProduct(path, device))
+    XmlDocument file;
+    const bool isReadable = LoadXmlFile(services.files, path, file);
+    if (isReadable && host_.TheDocument().initFile()->CheckForProduct(path, device))
         return true;
-    services.errorLog.LogError(path + " holds no settings of " + device, ObjectError(6), kSource);
+    services.errorLog.LogError(path + (isReadable ? " holds no settings of " + device : ": " + file.LastErrorText()),
+                               ObjectError(6), kSource);
     services.prompts.Tell("Unable to open file " + path + ". See TarvexError.log for details");
     return false;
 }
@@ -67,9 +71,18 @@ bool BoardLoading::IsPresetWritable()
     const std::int32_t probe = ProbeValue(before, probed.MaxValue());
     try {
         return WriteProbed(probe) && ReadProbed() && probed.value() == probe;
-    } catch (...) {
-        probed.value(before); // what the board holds is not known, but it is not for the probe to stay
+    } catch (const Error&) { // the board may have taken the probe all the same
+        RestoreQuietly(before);
         throw;
+    }
+}
+
+void BoardLoading::RestoreQuietly(std::int32_t value)
+{
+    try {
+        Restore(value);
+    } catch (const Error&) {
+        host_.Services().errorLog.LogCurrentError();
     }
 }
 
@@ -85,26 +98,27 @@ bool BoardLoading::ReadProbed()
     return host_.Read(kSource, kProbed, [&] { Probed().ReadValue(host_.Device(), aspi_); });
 }
 
-void BoardLoading::WriteAll()
+/// False when the link is lost.
+bool BoardLoading::WriteAll()
 {
     const std::int16_t count = host_.Controller().GetI2CRegisterCount();
-    bool allWritten = true;
-    {
-        const auto busy = host_.Services().beginBusy();
-        host_.View().Progress().SetRange(count, 1);
-        for (std::int16_t i = 0; i < count; ++i)
-            allWritten = WriteOne(host_.Controller().GetI2CRegister(i)->Name()) && allWritten;
+    IProgress& progress = host_.View().Progress();
+    progress.SetRange(count, 1);
+    for (std::int16_t i = 0; i < count; ++i) {
+        const std::string name = host_.Controller().GetI2CRegister(i)->Name();
+        const TransferStep step = TryStep(host_, [&] { return WriteOne(name); });
+        if (step == TransferStep::LinkLost)
+            return false;
+        if (step == TransferStep::Failed)
+            host_.Services().prompts.Tell("error writing register to " + target_);
+        progress.TickProgress(1);
     }
-    if (!allWritten)
-        host_.Services().prompts.Tell("error writing register to " + target_);
+    return true;
 }
 
 bool BoardLoading::WriteOne(const std::string& name)
 {
-    const int before = host_.Failures();
-    host_.Controller().WriteI2CRegister(host_.Device(), name, aspi_);
-    host_.View().Progress().TickProgress(1);
-    return host_.Failures() == before;
+    return host_.Write(kSource, name, [&] { host_.Controller().WriteI2CRegister(host_.Device(), name, aspi_); });
 }
 
 RegisterObject& BoardLoading::Probed() const { return *host_.Controller().GetI2CRegisterByName(kProbed); }

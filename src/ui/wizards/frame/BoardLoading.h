@@ -16,17 +16,18 @@ public:
     BoardLoading(IWizardHost& host, std::string target, std::int16_t aspi);
 
     /// Tries whether the board can be written now, loads the file and writes all its registers. False when it was not
-    /// applied, which the user has been told; the board then holds what it held before. Raises 201 and 0x80040001 when
-    /// the try fails in transit.
+    /// applied, which the user has been told; the board then holds what it held before, or the link is lost. A register
+    /// that fails is told, and the next one is written. Raises 201 and 0x80040001 when the try fails in transit.
     bool Load(const std::string& path);
 
 private:
     bool IsOfThisBoard(const std::string& path);
     bool IsPresetWritable();
     void Restore(std::int32_t value);
+    void RestoreQuietly(std::int32_t value);
     bool WriteProbed(std::int32_t value);
     bool ReadProbed();
-    void WriteAll();
+    bool WriteAll();
     bool WriteOne(const std::string& name);
     RegisterObject& Probed() const;
 

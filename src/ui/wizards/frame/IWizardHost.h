@@ -55,6 +55,9 @@ public:
     /// The check before an operation: a lost link is connected again with the ids of the controller, then checked.
     /// False when it stays down; the window is in the failure state then, and the operation must do nothing else.
     virtual bool EnsureLink() = 0;
+    /// After a failure that the user has been told of: asks the board whether it still answers. When it does not, the
+    /// link is closed, so that the next operation connects anew, and the window is put into the failure state.
+    virtual bool StillAnswers() = 0;
     /// Puts the window into the failure state.
     virtual void EnterFailureState() = 0;
 

@@ -2,6 +2,7 @@
 
 #include "comm/IProduct.h"
 #include "comm/api/IDevice.h"
+#include "ui/wizards/frame/BoardImage.h"
 #include "ui/wizards/frame/WizardDescription.h"
 
 #include <cstdint>
@@ -37,6 +38,9 @@ public:
     virtual WizardDescription Describe() = 0;
     /// Hands over the frame, before everything below; it stays the same one.
     virtual void Attach(IWizardHost& host) = 0;
+    /// Whether the registers hold what the board has. The frame attaches it, and forgets what was read when the link is
+    /// lost or replaced, a write failed or a file was loaded; the product does where the board changes beside that.
+    virtual BoardImage& Image() = 0;
 
     // Start and target.
     /// Binds the product to a board; element list and link are in place. False when the wizard cannot serve it. A board
@@ -50,9 +54,9 @@ public:
     virtual void DeviceBound(const std::shared_ptr<IDevice>& device) { (void)device; }
     /// The frame has switched off the entries that are off while communication fails, or has switched them on again.
     virtual void MenusEnabled(bool enabled) { (void)enabled; }
-    /// The link stands and is about to be used, or the main window has come up beside the wizard: reads again what the
-    /// product keeps of the board, where it was lost since, and what the main window shows of it.
-    virtual void CatchUp() {}
+    /// The link stands and is about to be used, or the main window has come up beside the wizard: reads the registers
+    /// where they do not hold what the board has.
+    virtual void CatchUp() { Image().CatchUp(); }
     /// The user clicked a node of the tree.
     virtual void NodeClicked(const std::string& key) = 0;
     /// The name in "Unable to establish communication with ..."; empty takes the controller's device name.

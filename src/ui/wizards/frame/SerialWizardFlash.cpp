@@ -37,6 +37,12 @@ bool SerialWizardFlash::Run(const FlashSteps::Step& step)
     return step(*menu_.Link());
 }
 
+void SerialWizardFlash::TellFailure(const std::string& text, const std::string& title)
+{
+    host_->Services().prompts.Tell(text, title, Icon::Exclamation);
+    host_->StillAnswers(); // it may not have come back
+}
+
 void SerialWizardFlash::SyncToFlash_Click()
 {
     if (!CanWork())
@@ -49,7 +55,7 @@ void SerialWizardFlash::SyncToFlash_Click()
     if (saved)
         host_->Services().prompts.Tell("Success saving settings.", texts.savedTitle, Icon::Information);
     else
-        host_->Services().prompts.Tell("Failed to sync to flash", texts.saveFailedTitle, Icon::Exclamation);
+        TellFailure("Failed to sync to flash", texts.saveFailedTitle);
 }
 
 void SerialWizardFlash::RestoreFlash_Click()
@@ -60,10 +66,8 @@ void SerialWizardFlash::RestoreFlash_Click()
     host_->Say("Restoring settings from flash...");
     const bool restored = Run(steps_.restore);
     const FlashTexts texts = steps_.texts();
-    if (!restored) {
-        host_->Services().prompts.Tell(texts.restoreFailed, texts.restoreFailedTitle, Icon::Exclamation);
-        return;
-    }
+    if (!restored)
+        return TellFailure(texts.restoreFailed, texts.restoreFailedTitle);
     host_->DropDataFile();
     host_->SelectAgain();
     host_->TellOtherViews(kEverythingChanged, "");

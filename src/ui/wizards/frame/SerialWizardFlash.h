@@ -48,6 +48,7 @@ public:
 private:
     bool CanWork();
     bool Run(const FlashSteps::Step& step);
+    void TellFailure(const std::string& text, const std::string& title);
 
     SerialWizardMenu& menu_;
     FlashSteps steps_;

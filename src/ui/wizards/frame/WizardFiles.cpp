@@ -4,7 +4,15 @@
 #include "config/DataFileSaving.h"
 #include "shell/Document.h"
 
+#include <algorithm>
+
 namespace tarvex {
+
+namespace {
+
+constexpr std::size_t kNamesShown = 8; ///< of registers in a question, which has to fit the screen
+
+}
 
 WizardFiles::WizardFiles(IWizardFrameView& view, IWizardProduct& product, const WizardDescription& description,
                          const WizardServices& services)
@@ -38,14 +46,17 @@ bool WizardFiles::SaveAs()
 bool WizardFiles::WriteTo(const std::string& path, const std::string& failureEnd)
 {
     view_.ShowMessage("Saving file " + path + " ...");
-    bool written = false;
+    bool failed = false;
     try {
-        WriteFile(path);
-        written = true;
+        if (!WriteFile(path)) {
+            view_.ShowMessage(path + " was not saved.");
+            return false;
+        }
     } catch (const Error&) {
         services_.errorLog.LogCurrentError();
+        failed = true;
     }
-    if (!written) {
+    if (failed) {
         services_.prompts.Tell("Unable to save " + path + failureEnd);
         return false;
     }
@@ -55,16 +66,32 @@ bool WizardFiles::WriteTo(const std::string& path, const std::string& failureEnd
     return true;
 }
 
-void WizardFiles::WriteFile(const std::string& path)
+bool WizardFiles::WriteFile(const std::string& path)
 {
     const TarvexData& initFile = *document_->initFile();
     const auto tree = initFile.Tree(); // made once for the steps of the save
-    SaveDataFile({services_.state, services_.files, services_.clock}, initFile, document_->controller(), path,
-                 [&](TarvexData& file) {
-                     if (!product_.AddToFile(file))
-                         Raise(ObjectError(1), "Wizard::WriteFile",
-                               "The product's part of " + path + " could not be written");
-                 });
+    return SaveDataFile({services_.state, services_.files, services_.clock}, initFile, document_->controller(), path,
+                        [&](TarvexData& file) {
+                            if (!product_.AddToFile(file))
+                                Raise(ObjectError(1), "Wizard::WriteFile",
+                                      "The product's part of " + path + " could not be written");
+                            return AgreesToUnread();
+                        });
+}
+
+bool WizardFiles::AgreesToUnread()
+{
+    const auto unread = product_.Image().FindUnread();
+    if (unread.empty())
+        return true;
+    std::string names;
+    for (std::size_t i = 0; i < std::min(unread.size(), kNamesShown); ++i)
+        names += "\n" + unread[i];
+    if (unread.size() > kNamesShown)
+        names += "\nand " + std::to_string(unread.size() - kNamesShown) + " more";
+    return services_.prompts.Ask("These registers could not be read from the board:\n" + names +
+                                     "\n\nThe file will hold what was last known of them. Save it anyway?",
+                                 "Save");
 }
 
 bool WizardFiles::ConfirmClose()

@@ -40,7 +40,9 @@ public:
 
 private:
     bool WriteTo(const std::string& path, const std::string& failureEnd);
-    void WriteFile(const std::string& path);
+    /// False when the user does not want a file with registers that could not be read.
+    bool WriteFile(const std::string& path);
+    bool AgreesToUnread();
 
     IWizardFrameView& view_;
     IWizardProduct& product_;

@@ -28,10 +28,12 @@ WizardFrame::WizardFrame(IWizardView& self, IWizardFrameView& view, IWizardProdu
       files_(view_, product_, description_, services_)
 {
     product_.Attach(*this);
+    product_.Image().Attach(*this);
 }
 
 void WizardFrame::Attempt(const std::function<void()>& action)
 {
+    const int failuresBefore = link_.Failures();
     std::optional<Error> failure;
     try {
         action();
@@ -42,18 +44,22 @@ void WizardFrame::Attempt(const std::function<void()>& action)
     if (document_)
         document_->ShowRegisterValues();
     if (failure) // outside the handler: it may ask the user
-        ShowFailure(failure->Number(), failure->Description());
+        ShowFailure(*failure);
+    else if (document_ && !link_.HasFailed() && link_.Failures() > failuresBefore)
+        StillAnswers(); // the action has told of what failed
 }
 
-void WizardFrame::ShowFailure(std::int32_t number, const std::string& description)
+void WizardFrame::ShowFailure(const Error& failure)
 {
+    const std::int32_t number = failure.Number();
     const bool ofTransfer = number == kErrWriteFailed || number == kErrReadFailed || number == kErrNotConnected;
     if (!ofTransfer)
-        services_.prompts.Tell(description);
-    else if (!document_ || link_.StillAnswers())
-        Say(description);
-    else
-        link_.EnterFailureState();
+        return services_.prompts.Tell(failure.Description());
+    if (document_ && !StillAnswers())
+        return;
+    if (document_ && number == kErrWriteFailed)
+        ReadAgain();
+    Say(failure.Description());
 }
 
 std::string WizardFrame::ViewName() const { return startCaption_.empty() ? description_.viewName : startCaption_; }
@@ -141,6 +147,7 @@ void WizardFrame::OpenFile(const std::string& path)
     const bool complete = link_.Failures() == before;
     if (!opened && complete)
         return; // the board is as it was
+    product_.Image().ForgetFile();
     if (link_.HasFailed()) {
         current_.clear(); // how much of the file the board holds is not known
         return view_.EnableBar(false);
@@ -204,6 +211,14 @@ bool WizardFrame::EnsureLink()
         return false;
     product_.CatchUp();
     return true;
+}
+
+bool WizardFrame::StillAnswers()
+{
+    if (link_.StillAnswers())
+        return true;
+    link_.EnterFailureState();
+    return false;
 }
 
 bool WizardFrame::Transfer(std::int32_t error, const std::string& source, const std::string& text,

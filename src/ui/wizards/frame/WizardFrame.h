@@ -72,6 +72,7 @@ public:
     std::string PicturePath(const std::string& fileName) const override;
     bool CheckConnection() override { return link_.CheckConnection(); }
     bool EnsureLink() override;
+    bool StillAnswers() override;
     void EnterFailureState() override { link_.EnterFailureState(); }
     bool Write(const std::string& source, const std::string& what, const std::function<void()>& writes) override;
     bool Read(const std::string& source, const std::string& what, const std::function<void()>& reads) override;
@@ -102,7 +103,8 @@ private:
     void OpenFile(const std::string& path);
     bool WriteAt(std::int32_t position);
     void UndoTo(std::int32_t position);
-    void ShowFailure(std::int32_t number, const std::string& description);
+    void ShowFailure(const Error& failure);
+    void ReadAgain();
     void LinkRecovered();
 
     IWizardView& self_;
@@ -116,10 +118,15 @@ private:
     std::string startCaption_;
     std::vector<ElementItem> elements_;
 
+    /// Where the bar stood, for the next step of undo.
+    struct BarHistory {
+        std::int32_t undo = -1;       ///< a position of the bar, -1 for none, below that a code of the product
+        std::int32_t selectedAt = -1; ///< the position at the latest selection
+        std::int32_t last = -1;       ///< the position after the latest change, -1 right after a selection
+    };
+
     std::string current_;
-    std::int32_t undo_ = -1;       ///< a position of the bar, -1 for none, below that a code of the product
-    std::int32_t selectedAt_ = -1; ///< the position at the latest selection
-    std::int32_t last_ = -1;       ///< the position after the latest change, -1 right after a selection
+    BarHistory history_;
     bool reversed_ = false;
 
     std::vector<Subscription> subscriptions_;

@@ -99,8 +99,7 @@ void WizardFrame::ShowRange(const std::string& element, std::int32_t value)
     view_.EnableBar(true);
     Say("");
     current_ = element;
-    undo_ = selectedAt_ = setting.bar.position;
-    last_ = -1;
+    history_ = {setting.bar.position, setting.bar.position};
     ShowValue();
 }
 
@@ -115,7 +114,7 @@ void WizardFrame::BarChanged()
         return;
     Attempt([this] {
         const std::int32_t position = view_.Bar().position;
-        const std::int32_t before = last_ != -1 ? last_ : selectedAt_;
+        const std::int32_t before = history_.last != -1 ? history_.last : history_.selectedAt;
         ShowValue();
         try {
             if (!WriteAt(position))
@@ -124,10 +123,23 @@ void WizardFrame::BarChanged()
             ShowPosition(before); // the board has not taken the new one
             throw;
         }
-        undo_ = before; // in place of a code of the product, too
-        last_ = position;
+        history_.undo = before; // in place of a code of the product, too
+        history_.last = position;
         view_.EnableEntry("Undo", true);
     });
+}
+
+/// After a failed write: of several registers some may have been written.
+void WizardFrame::ReadAgain()
+{
+    product_.Image().Forget();
+    if (current_.empty())
+        return;
+    const BarHistory before = history_;
+    const std::int32_t position = view_.Bar().position;
+    SelectAgain();
+    if (!current_.empty() && view_.Bar().position == position)
+        history_ = before; // nothing came of the write, and the steps before it can still be undone
 }
 
 /// Moves the bar without a write.
@@ -158,20 +170,20 @@ bool WizardFrame::WriteAt(std::int32_t position)
 
 void WizardFrame::OfferUndo(std::int32_t code)
 {
-    undo_ = code;
+    history_.undo = code;
     view_.EnableEntry("Undo", true);
 }
 
 void WizardFrame::Undo()
 {
     Attempt([this] {
-        if (undo_ < -1) {
-            product_.Undo(undo_);
+        if (history_.undo < -1) {
+            product_.Undo(history_.undo);
             view_.EnableEntry("Undo", false);
-        } else if (undo_ == -1 || undo_ == view_.Bar().position || current_.empty()) {
+        } else if (history_.undo == -1 || history_.undo == view_.Bar().position || current_.empty()) {
             Say("Nothing to undo");
         } else {
-            UndoTo(undo_);
+            UndoTo(history_.undo);
         }
     });
 }
@@ -187,7 +199,7 @@ void WizardFrame::UndoTo(std::int32_t position)
     view_.MoveBar(position);
     if (!link_.HasFailed())
         ShowValue();
-    undo_ = -1;
+    history_.undo = -1;
     view_.EnableEntry("Undo", false);
 }
 

@@ -134,6 +134,7 @@ void WizardLink::TellNoAnswer()
 void WizardLink::EnterFailureState()
 {
     failed_ = true;
+    product_.Image().Forget();
     view_.ShowValueText("Communication Failure", TextTone::Alert);
     view_.ShowMessage("Communication to device lost");
     view_.ShowConnection(FindPicture(services_.files, services_.state, "brokenlink_on_grey.jpg"), "No connection");

@@ -8,6 +8,7 @@ namespace tarvex {
 void WizardLink::BindDevice()
 {
     subscriptions_.clear();
+    product_.Image().Forget();
     const auto device = document_->device();
     const auto listen = [this](auto& event, auto handler) {
         subscriptions_.push_back(event.Subscribe([this, handler](auto a, auto b) { (this->*handler)(a, b); }));

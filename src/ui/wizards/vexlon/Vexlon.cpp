@@ -103,7 +103,7 @@ bool Vexlon::OpenFile(const std::string& path) { return BoardLoading(board_.Host
 void Vexlon::FileOpened()
 {
     mode_.ReadBackResolution();
-    mode_.ShowRefresh();
+    mode_.ForgetChanges();
 }
 
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/wizards/frame/BoardImage.h"
 #include "ui/wizards/frame/IWizardProduct.h"
 #include "ui/wizards/vexlon/VexlonBoard.h"
 #include "ui/wizards/vexlon/VexlonCommands.h"
@@ -29,8 +30,9 @@ public:
     void MenusEnabled(bool enabled) override
     {
         if (!enabled)
-            target_.Lost();
+            mode_.ForgetChanges();
     }
+    BoardImage& Image() override { return image_; }
     void CatchUp() override { target_.CatchUp(); }
     void NodeClicked(const std::string& key) override { target_.NodeClicked(key); }
     bool UpdateUI(std::int32_t kind, const std::string& name) override;
@@ -53,7 +55,8 @@ private:
 
     VexlonBoard board_;
     VexlonMode mode_{board_};
-    VexlonTarget target_{board_, mode_};
+    BoardImage image_{[](const RegisterObject&) { return kNoAspi; }};
+    VexlonTarget target_{board_, mode_, image_};
     VexlonValues values_{board_};
     VexlonCommands commands_{board_};
 };

@@ -50,12 +50,7 @@ bool VexlonMode::WriteResolution(Resolution wanted)
     if (plan.writes.empty())
         return false;
     const auto writes = [&] { board_.Write(plan.writes); };
-    try {
-        return board_.Host().Write("Vexlon_Wizard::SetResolution", "Resolution", writes) && plan.complete;
-    } catch (const Error&) {
-        ReadBackResolution(); // some of the registers may have been written
-        throw;
-    }
+    return board_.Host().Write("Vexlon_Wizard::SetResolution", "Resolution", writes) && plan.complete;
 }
 
 void VexlonMode::ProgramPll()

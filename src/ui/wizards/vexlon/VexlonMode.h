@@ -25,15 +25,14 @@ public:
     void ChooseRefresh(const std::string& text);
     /// Takes back the last change of a code.
     void Undo(std::int32_t code);
-    /// Another board is the target: what was changed on the last one is not undone there, and its refresh rate is not
-    /// known.
+    /// The board has other settings than those made here, or is another one: what was changed is not undone there, and
+    /// its refresh rate is not known.
     void ForgetChanges();
 
     /// Whether a register holds a part of the resolution.
     static bool IsPartOfResolution(const std::string& registerName);
     /// Takes the resolution from the registers as they stand, and shows it.
     void ReadBackResolution();
-    void ShowRefresh();
 
 private:
     bool SetResolution(Resolution wanted);
@@ -45,6 +44,7 @@ private:
     void UndoResolution();
     void UndoRefresh();
     void ShowResolution();
+    void ShowRefresh();
 
     VexlonBoard& board_;
     Resolution resolution_;

@@ -1,10 +1,9 @@
 #pragma once
 
+#include "ui/wizards/frame/BoardImage.h"
 #include "ui/wizards/vexlon/VexlonBoard.h"
 #include "ui/wizards/vexlon/VexlonMode.h"
 
-#include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,7 +13,7 @@ namespace tarvex {
 /// over what its registers hold.
 class VexlonTarget {
 public:
-    VexlonTarget(VexlonBoard& board, VexlonMode& mode) : board_(board), mode_(mode) {}
+    VexlonTarget(VexlonBoard& board, VexlonMode& mode, BoardImage& image) : board_(board), mode_(mode), image_(image) {}
 
     /// Shows the tree of a product, with the controller's device as the target, and reads that.
     void Show(const std::string& product);
@@ -26,9 +25,7 @@ public:
     const std::string& Name() const { return name_; }
     /// True while the tree stands at a node with channels below it.
     bool NeedsChannel() const;
-    /// The link was lost: the board may come back with other values.
-    void Lost() { unread_ = true; }
-    /// Reads all registers where not all were read when the board became the target, or it was lost since.
+    /// Reads all registers where they do not hold what the board has, and shows the resolution that is in them.
     void CatchUp();
 
 private:
@@ -36,14 +33,12 @@ private:
     void Reconnect();
     void RestoreLast();
     void TakeOver();
-    std::optional<std::string> ReadRegisters(int failuresTolerated);
-    bool ReadOne(const std::string& name);
 
     VexlonBoard& board_;
     VexlonMode& mode_;
+    BoardImage& image_;
     std::vector<TreeNode> tree_;
     std::string name_;
-    bool unread_ = false; ///< the registers do not hold what the board has
 };
 
 }

@@ -132,7 +132,7 @@ TEST_F(AnalogTxTest, ACacheCommandThatFailsIsToldAndChangesNothing)
         prompts_.ExpectMessage(text);
         Choose(entry);
         EXPECT_EQ(prompts_.messages.back().title, title);
-        EXPECT_EQ(Calls(), "CommandNode ");
+        EXPECT_EQ(Calls(), "CommandNode PingNode "); // it still answers
     }
 }
 
@@ -196,7 +196,7 @@ TEST_F(AnalogTxTest, ALostBoardLeavesThePortClosedAndOpensItWhenItAnswersAgain)
     EXPECT_EQ(view_.disabled, std::set<std::string>{"SerialPortSettings"});
 }
 
-TEST_F(AnalogTxTest, WhatWasNeverReadIsNotSaved)
+TEST_F(AnalogTxTest, WhatWasNeverReadIsNotSavedUnasked)
 {
     preferences_.serial.comPort = 3; // nothing is attached there
     prompts_.ExpectMessage("Unable to establish communication with Ossary-Plus");
@@ -204,7 +204,9 @@ TEST_F(AnalogTxTest, WhatWasNeverReadIsNotSaved)
     ports_ = {1};
     Choose("SerialPortSettings");
     prompts_.ExpectSaveFile("/home/a.xml");
-    prompts_.ExpectMessage("Unable to save /home/a.xml. Please try again with a different name.");
+    prompts_.ExpectMessage("These registers could not be read from the board:\n\nColor_Peak\n\nThe file will hold what "
+                           "was last known of them. Save it anyway?",
+                           Answer::No);
     frame_.SaveAs();
     EXPECT_FALSE(files_.files.contains("/home/a.xml"));
     prompts_.ExpectSaveFile("/home/a.xml");

@@ -30,6 +30,7 @@ public:
         return description;
     }
     void Attach(IWizardHost& host) override { host_ = &host; }
+    BoardImage& Image() override { return image_; }
     bool Init(const std::shared_ptr<IProduct>&) override { return true; }
     void SetCurrentProduct(const std::string& product) override
     {
@@ -67,6 +68,7 @@ private:
     RegisterObject& Of(const std::string& element) { return *host_->Controller().GetI2CRegisterByName(element); }
 
     IWizardHost* host_ = nullptr;
+    BoardImage image_{[](const RegisterObject&) { return kNoAspi; }};
 };
 
 /// A real document on fakes with the board of the tiny product on a USB link.

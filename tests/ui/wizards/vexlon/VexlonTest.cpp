@@ -188,8 +188,53 @@ TEST_F(VexlonTest, AFailedPllWriteKeepsTheRefreshAndAnUnknownSizeWritesNothing)
     usb_->mute = {PlaceOf("VCO/CPMP")};
     prompts_.ExpectMessage(kUse60Hz, Answer::Yes);
     Choose("Resolution0_2");
-    EXPECT_EQ(errors_.entries.back().number, 201);
+    EXPECT_EQ(view_.Message(), "Failed to write VCO/CPMP");
     EXPECT_EQ(document_->controller().GetI2CRegisterByName("VCO/CPMP")->value(), 0); // as the board has it
+}
+
+TEST_F(VexlonTest, AWriteThatFailedInPartIsReadAgain)
+{
+    Start("Vexlon", "Vexlon", {{"Red Offset", 10}, {"Green Offset", 20}, {"Blue Offset", 30}, {"DE_TOP", 9}});
+    Select("Brightness");
+    const auto refuseAt = [this](const char* name, FakeDevice::Kind kind) {
+        usb_->onTransfer = [=, this, cell = Cell(name)](const FakeDevice::Transfer& transfer) {
+            if (PlaceOf(name) != FakeDevice::Place(transfer.baseAddress, transfer.parameterId) || transfer.kind != kind)
+                return;
+            if (kind == FakeDevice::Kind::Write)
+                Cell(name) = cell;
+            frame_.Link().ehHIDDevice_WriteFailure(0, 0);
+        };
+    };
+    refuseAt("Green Offset", FakeDevice::Kind::Write);
+    view_.MoveBar(254 - 26);
+    EXPECT_EQ(view_.bar.position, 254 - (16 + 20 + 36) / 3);
+    EXPECT_EQ(view_.Message(), "Failed to write Brightness");
+    files_.files["/home/a.xml"] = InitFile();
+    refuseAt("DE_TOP", FakeDevice::Kind::Read); // the try whether the board can be written
+    prompts_.ExpectOpenFile("/home/a.xml");
+    frame_.Open();
+    EXPECT_EQ(Cell("DE_TOP"), Bytes{9});
+}
+
+TEST_F(VexlonTest, ARegisterThatCannotBeReadIsNamedBeforeItIsSaved)
+{
+    document_->controller().InitDevice("Vexlon");
+    usb_->mute = {PlaceOf("Green Gain"), PlaceOf("CTL_1_MODE")};
+    prompts_.ExpectMessage("failure reading Green Gain from device USB-HID Device. Aborting read.");
+    Start("Vexlon", "Vexlon", {{"Blue Gain", 77}});
+    const std::string question = "These registers could not be read from the board:\n\nGreen Gain\nCTL_1_MODE\n\nThe "
+                                 "file will hold what was last known of them. Save it anyway?";
+    prompts_.ExpectSaveFile("/home/a.xml");
+    prompts_.ExpectMessage(question, Answer::No);
+    frame_.SaveAs();
+    EXPECT_EQ(view_.Message(), "/home/a.xml was not saved.");
+    EXPECT_FALSE(files_.files.contains("/home/a.xml"));
+    usb_->mute.erase(PlaceOf("CTL_1_MODE"));
+    prompts_.ExpectSaveFile("/home/a.xml");
+    prompts_.ExpectMessage(
+        question.substr(0, question.find("\nCTL_1_MODE")) + question.substr(question.find("\n\nThe")), Answer::Yes);
+    frame_.SaveAs();
+    EXPECT_NE(files_.files["/home/a.xml"].find("<Value>4D</Value>"), std::string::npos);
 }
 
 TEST_F(VexlonTest, GainAnswersHoldForTheirChannelOnly)
@@ -260,10 +305,16 @@ TEST_F(VexlonTest, AFileIsAppliedOnlyToAWritablePreset)
     usb_->mute = {PlaceOf("Green Gain"), PlaceOf("Blue Gain")};
     prompts_.ExpectOpenFile("/home/a.xml");
     prompts_.ExpectMessage("error writing register to Vexlon");
+    prompts_.ExpectMessage("error writing register to Vexlon");
     frame_.Open();
     EXPECT_EQ(Cell("Red Gain"), Bytes{100});
     EXPECT_EQ(Cell("DE_TOP"), Bytes{254}); // it stands behind the ones that fail
     EXPECT_EQ(view_.Message(), "Not everything in /home/a.xml reached the board. Open it again.");
+    usb_->mute.clear();
+    view_.panels["Refresh"] = "60Hz";
+    prompts_.ExpectOpenFile("/home/a.xml");
+    frame_.Open();
+    EXPECT_EQ(view_.panels["Refresh"], " "); // the file's oscillator setting does not tell it
 }
 
 TEST_F(VexlonTest, AChannelThatDoesNotAnswerGivesWayToTheLastOne)

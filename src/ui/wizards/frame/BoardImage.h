@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarvex {
+
+class IWizardHost;
+class RegisterObject;
+
+/// Whether the registers hold what the board has, and the reading that brings it about. Menu commands work out new
+/// values from the registers, the main window shows them, and a file is saved from them. The product owns one and says
+/// where its registers are read; registers that were edited and not written yet are left alone.
+class BoardImage {
+public:
+    /// Gives the ASPI argument for a read of this register; none when the target does not have it.
+    using AspiOf = std::function<std::optional<std::int16_t>(const RegisterObject&)>;
+
+    explicit BoardImage(AspiOf aspiOf) : aspiOf_(std::move(aspiOf)) {}
+
+    /// Hands over the frame, before everything else.
+    void Attach(IWizardHost& host) { host_ = &host; }
+
+    /// The board may hold other values: it was lost, another one is the target, its flash was restored, a write failed.
+    void Forget() { isRead_ = false; }
+    /// The registers hold values of a file, marked as changed, and not those of the board.
+    void ForgetFile();
+    /// Reads all registers, unless that was done since Forget; true when it was done now. One that cannot be read does
+    /// not keep the others from being read; a board that fails too often is not asked any further, and Escape ends it.
+    bool CatchUp();
+    /// Reads all registers up to the first one that cannot be read, and gives its name.
+    std::optional<std::string> ReadAll();
+    /// Reads what has not been read yet; the names of the registers that could not be read even now.
+    std::vector<std::string> FindUnread();
+
+private:
+    using Registers = std::vector<std::string>;
+    /// Gives those that were not read.
+    Registers Read(const Registers& names, std::size_t failuresTolerated);
+    bool ReadOne(const std::string& name);
+    Registers AllNames() const;
+
+    IWizardHost* host_ = nullptr;
+    AspiOf aspiOf_;
+    bool isRead_ = false;
+    Registers unread_; ///< once it is read: those that could not be
+};
+
+}
