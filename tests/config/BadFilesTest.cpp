@@ -136,6 +136,7 @@ TEST_F(DataFileTest, IsRefusedWithAnEntryInTheLog)
     }
     EXPECT_FALSE(Open("noise"));
     EXPECT_EQ(log.entries.back().description, "Unable to load data file /home/user/mine.xml");
+    EXPECT_TRUE(log.entries[log.entries.size() - 2].description.starts_with("/home/user/mine.xml: "));
     EXPECT_FALSE(Open(DataFile().Text(InitFileBuilder().Component())));
     EXPECT_EQ(log.entries.back().description,
               "Invalid file /home/user/mine.xml has more than on FunctionalComponent tag.");

@@ -61,10 +61,6 @@ void BoardActions::SelectProduct(const std::string& product)
 
 void BoardActions::SelectLink(const std::string& link)
 {
-    if ((link_.DeviceType() != link || !link_.IsConnected()) && !MayDropEdits()) { // a read follows
-        ShowLinks();
-        return;
-    }
     const UserAction action(*this);
     const auto before = document_.device();
     const auto stoodTo = link_.ConnectedId();
@@ -271,10 +267,20 @@ void BoardActions::FinishAction()
     const bool read = readWanted_ && view_.IsViewVisible();
     const bool load = loadWanted_ && view_.IsViewVisible();
     readWanted_ = loadWanted_ = false;
-    if (read)
+    if (read && MayDropEdits())
         ReadIfLinkAnswers();
+    else if (read)
+        KeepEdits();
     else if (load)
         LoadConfiguration();
+}
+
+/// The user connects in order to load what he edited before.
+void BoardActions::KeepEdits()
+{
+    lastReadIncomplete_ = true;
+    services_.statusLine.DisplayStatusMessage(
+        "The board was not read. Load Configuration writes the changed registers.");
 }
 
 void BoardActions::ShowChange(std::int32_t kind, const std::string& name)

@@ -113,6 +113,7 @@ private:
     void ShowLinks();
     void FillGrid();
     void FinishAction();
+    void KeepEdits();
 
     /// On the serial network, makes sure that address and connector are known, and that the controller's pid is the
     /// address. False once the user cancelled a question of the action.

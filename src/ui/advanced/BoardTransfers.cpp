@@ -58,6 +58,8 @@ void BoardActions::TellNoAnswer()
 void BoardActions::Connecting()
 {
     readWanted_ = false; // the read that follows a connection is made here
+    if (!MayDropEdits())
+        return;
     const std::string name = Browse();
     if (name.empty()) {
         TellNoAnswer();

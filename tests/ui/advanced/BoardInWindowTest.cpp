@@ -62,8 +62,13 @@ TEST_F(AdvancedFormTest, WhatIsSavedIsThereWhenItIsOpenedAgain)
     Entry("SaveAs").trigger();
     EXPECT_EQ(form_.windowTitle(), "Tarvex-Advanced View-/data/settings.xml");
     Type("Red Gain", "11");
-    prompts_.ExpectOpenFile("/data/settings.xml");
-    Entry("Open").trigger();
+    for (const Answer discards : {Answer::No, Answer::Yes}) {
+        EXPECT_EQ(Value("Red Gain").text(), "11");
+        prompts_.ExpectOpenFile("/data/settings.xml");
+        prompts_.ExpectMessage(
+            "1 changed register has been neither loaded into the board nor saved. Discard the changes?", discards);
+        Entry("Open").trigger();
+    }
     EXPECT_EQ(Value("Red Gain").text(), "3C");
 }
 

@@ -87,6 +87,28 @@ TEST_F(BoardFiles, AFileThatCannotBeOpenedChangesNothing)
     EXPECT_EQ(board_->FileName(), "");
 }
 
+TEST_F(BoardFiles, EditsThatNobodyHasAreDroppedOnlyWhenTheUserSaysSo)
+{
+    StartWithVexlon();
+    board_->EditRegister("R1", 5);
+    board_->EditRegister("R2", 6);
+    const auto expect = [this](Answer answer) {
+        prompts_.ExpectMessage(
+            "2 changed registers have been neither loaded into the board nor saved. Discard the changes?", answer);
+    };
+    expect(Answer::No);
+    board_->SelectProduct("Cendra");
+    EXPECT_EQ(board_->SelectedProductName(), "Vexlon");
+    usb_->connected = false;
+    expect(Answer::No); // connected in order to load them
+    board_->SelectLink("USB-HID Device");
+    EXPECT_EQ(Reads().size(), 0U);
+    board_->LoadConfiguration();
+    EXPECT_EQ(Writes().size(), 2U);
+    board_->SelectProduct("Cendra"); // the board has them
+    EXPECT_EQ(board_->SelectedProductName(), "Cendra");
+}
+
 TEST_F(BoardFiles, SavingAsksForANameOnce)
 {
     StartWithVexlon();

@@ -87,7 +87,13 @@ TEST_F(SerialBoardTest, AnEnclosureThatWasFoundKeepsTheProduct)
     prompts_.ExpectMessage("Connect now to device Kestra Rack S (0x1B01)", Answer::Yes);
     board_->SelectLink(kSerialDeviceType);
     EXPECT_EQ(board_->SelectedProductName() + view_.address, "Cendra0x1B01");
-    EXPECT_EQ(Transfers("ReadParameter("), "0x1B01:8 0x1B01:9 0x1B01:10 0x1B01:8 0x1B01:8 ");
+    const std::string reads = "0x1B01:8 0x1B01:9 0x1B01:10 0x1B01:8 0x1B01:8 ";
+    EXPECT_EQ(Transfers("ReadParameter("), reads);
+    view_.address = "0x7"; // where there is none: a read searches, too
+    prompts_.ExpectMessage("Discovered a single enclosure: Kestra Rack S (0x1B01)");
+    prompts_.ExpectMessage("Connect now to device Kestra Rack S (0x1B01)", Answer::Yes);
+    board_->ReadConfiguration();
+    EXPECT_EQ(Transfers("ReadParameter("), reads);
 }
 
 }
