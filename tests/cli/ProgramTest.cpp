@@ -99,6 +99,8 @@ TEST_F(EnclosureRun, AnEnclosureIsReachedByItsAddressAndSettingsAreKept)
 
     Enter("TXT_ZorbusID", "0x4D55"); // mute
     driver.Click("BTN_Read");
+    driver.WaitShown("DeviceBrowseDialog"); // of those that answer
+    driver.Key("Escape");
     CloseBox("Unable to connect or verify communications to device Cendra on SerialZorbus", "Return");
     driver.Menu("SerialPortSettings");
     ChooseSettings({"Down", "Down"}); // where nothing is attached
@@ -118,6 +120,8 @@ TEST_F(EnclosureRun, SettingsAreChangedUntilTheEnclosureAnswers)
     Enter("TXT_ZorbusID", "0x1C01");
     Enter("TXT_ChannelNum", "3");
     driver.Click("BTN_Read");
+    driver.WaitShown("DeviceBrowseDialog"); // of those that answer
+    driver.Key("Escape");
     CloseBox("Unable to connect or verify communications to device Ossary on SerialZorbus", "Return");
     driver.Menu("SerialPortSettings");
     ChooseSettings({"Down", "Down", "Down"}); // busy
