@@ -36,6 +36,8 @@ std::int32_t ParseDecimal(std::string_view text, std::string_view source);
 
 /// Upper-case hexadecimal of the value's 32 bits, padded with zeros to at least `width` digits.
 std::string ToHex(std::int32_t value, int width = 1);
+/// The same after "0x", as addresses stand in texts.
+inline std::string HexText(std::int32_t value) { return "0x" + ToHex(value); }
 
 /// The element at a checked position; raises 9 "Subscript out of range" with `source` outside the container.
 template <class Container> decltype(auto) CheckedAt(Container& container, std::int64_t index, std::string_view source)

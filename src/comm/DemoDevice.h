@@ -1,14 +1,12 @@
 #pragma once
 
 #include "comm/DemoMemory.h"
+#include "comm/Links.h"
 #include "comm/api/IDevice.h"
 
 namespace tarvex {
 
 class IUserPrompts;
-
-/// What the simulated board calls itself. The name by which it is chosen is "Demo".
-inline constexpr const char* kDemoDeviceType = "Demo device";
 
 /// A simulated board that keeps register values in memory, so that everything can be tried without hardware. It
 /// declares no events. Reading and writing work also while it is not connected.

@@ -2,6 +2,7 @@
 
 #include "base/Event.h"
 #include "comm/HidReports.h"
+#include "comm/Links.h"
 #include "comm/api/IDevice.h"
 #include "platform/hid/IHidServices.h"
 
@@ -13,9 +14,6 @@ namespace tarvex {
 
 class IPacketLog;
 class IUserPrompts;
-
-/// What the link to a board on USB calls itself, and the name by which it is chosen.
-inline constexpr const char* kHidDeviceType = "USB-HID Device";
 
 /// A board attached directly by USB. Every register access is one packet in a HID report: a write is one output report,
 /// a read is a request and an answer, each answer waited for at most a second. A failed transfer is told by an event,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "comm/IProduct.h"
+#include "comm/Links.h"
 
 namespace tarvex {
 
@@ -12,7 +13,7 @@ public:
 
 private:
     std::string IProduct_FunctionalComponent() override { return "Enclosure IO Board"; }
-    std::vector<std::string> IProduct_GetCommLinks() override { return {"SerialZorbus", ""}; }
+    std::vector<std::string> IProduct_GetCommLinks() override { return {kSerialDeviceType, ""}; }
     bool IProduct_IsIOBoard() override { return true; }
     std::int32_t IProduct_BoardID() override { return boardId_; }
     std::int32_t IProduct_Direction() override { return static_cast<std::int32_t>(ChannelDirection::Source); }

@@ -45,8 +45,6 @@ bool IsSamePort(const CommSettings& left, const CommSettings& right)
     return left.comPort == right.comPort && left.baudRate == right.baudRate && left.keepLinkOpen == right.keepLinkOpen;
 }
 
-std::string AddressText(std::int32_t nodeId) { return "0x" + ToHex(nodeId); }
-
 }
 
 SerialZorbus::SerialZorbus(SerialZorbusServices services, const std::optional<CommSettings>& settings)
@@ -157,12 +155,12 @@ bool SerialZorbus::IDevice_VerifyCommunications(std::int32_t, std::int32_t)
         services_.packetLog.LogText("ERROR: query all ping failed");
         return false;
     }
-    services_.packetLog.LogText("SerialZorbus: Verifying Communications to " + AddressText(nodeId_));
+    services_.packetLog.LogText("SerialZorbus: Verifying Communications to " + HexText(nodeId_));
     if (!zone_.Ping(nodeId_)) {
-        services_.packetLog.LogText("ERROR: ping failed to " + AddressText(nodeId_));
+        services_.packetLog.LogText("ERROR: ping failed to " + HexText(nodeId_));
         return false;
     }
-    services_.packetLog.LogText("Communications verified with ping to " + AddressText(nodeId_));
+    services_.packetLog.LogText("Communications verified with ping to " + HexText(nodeId_));
     connected_ = true;
     if (record_.nodeId != nodeId_)
         ReadRecordOf(nodeId_);

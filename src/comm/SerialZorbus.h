@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Event.h"
+#include "comm/Links.h"
 #include "comm/SerialZorbusZone.h"
 #include "comm/api/IDevice.h"
 
@@ -17,12 +18,6 @@ class IPacketLog;
 class IQueryWindow;
 class IUserPrompts;
 struct ProgramState;
-
-/// What the link to enclosures calls itself, and the name by which it is chosen.
-inline constexpr const char* kSerialDeviceType = "SerialZorbus";
-
-/// The vendor id of every node.
-inline constexpr std::int32_t kNorvaneVendorId = 0x12C5;
 
 /// What a serial link stands on; all must outlive it.
 struct SerialZorbusServices {
@@ -80,7 +75,7 @@ public:
 
 private:
     std::int32_t IDevice_ProductID() override { return connected_ ? nodeId_ : 0; }
-    std::int32_t IDevice_ProductVendorID() override { return connected_ ? kNorvaneVendorId : 0; }
+    std::int32_t IDevice_ProductVendorID() override { return connected_ ? kVendorId : 0; }
     std::string IDevice_productName() override;
     std::string IDevice_DeviceType() override { return kSerialDeviceType; }
     bool IDevice_IsConnected() override { return connected_; }
@@ -101,7 +96,7 @@ private:
     std::string EntryOf(std::int32_t nodeId);
     bool IsCancelled(const IQueryWindow* window) const;
     bool ConnectPatiently(std::int32_t nodeId);
-    bool ConnectTo(std::int32_t nodeId) { return connect(nodeId, kNorvaneVendorId) == 1; }
+    bool ConnectTo(std::int32_t nodeId) { return connect(nodeId, kVendorId) == 1; }
     void LeaveOtherNode(std::int32_t nodeId);
     /// Connected, and to the node of the record: a node may answer a ping and still not tell its record.
     bool KnowsNode() const { return connected_ && record_.nodeId == nodeId_; }

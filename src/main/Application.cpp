@@ -83,7 +83,7 @@ private:
     {
         DocumentServices services{state_,       files_, errorLog_, packetLog_, prompts_,
                                   preferences_, {},     {},        {},         commandLine};
-        services.links["Demo"] = [this] { return std::make_shared<DemoDevice>(prompts_); };
+        services.links[kDemoLink] = [this] { return std::make_shared<DemoDevice>(prompts_); };
         services.links[kHidDeviceType] = [this] {
             return std::make_shared<HIDDevice>(hidServices_, packetLog_, prompts_);
         };

@@ -27,9 +27,10 @@ std::optional<std::string> DataFileDialogs::AskOpen(const std::string& proposal)
     return NoneWhenEmpty(prompts_.AskOpenFile({"Open", folder_, proposal, kFilter, kExtension}));
 }
 
-std::optional<std::string> DataFileDialogs::AskSave(const std::string& proposal)
+std::optional<std::string> DataFileDialogs::AskSave(Document& document, const std::string& proposal)
 {
-    return NoneWhenEmpty(prompts_.AskSaveFile({"Save As", folder_, proposal, kFilter, kExtension}));
+    auto path = NoneWhenEmpty(prompts_.AskSaveFile({"Save As", folder_, proposal, kFilter, kExtension}));
+    return path && Allows(document, *path) ? std::move(path) : std::nullopt;
 }
 
 bool DataFileDialogs::Allows(Document& document, const std::string& path)

@@ -18,9 +18,10 @@ public:
     void Folder(std::string folder) { folder_ = std::move(folder); }
     /// A file was opened or saved: the next dialog opens in its folder.
     void Used(const std::string& path);
-    /// None when the user cancelled, as for AskSave.
+    /// None when the user cancelled.
     std::optional<std::string> AskOpen(const std::string& proposal = {});
-    std::optional<std::string> AskSave(const std::string& proposal);
+    /// None when the user cancelled or chose a path that is not allowed.
+    std::optional<std::string> AskSave(Document& document, const std::string& proposal);
     /// Whether the path may be a data file. The init file may not, which the user is told.
     bool Allows(Document& document, const std::string& path);
 

@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "comm/Errors.h"
+#include "comm/Links.h"
 #include "shell/InitFileSearch.h"
 #include "shell/ProductViews.h"
 
@@ -13,8 +14,6 @@
 namespace tarvex {
 
 namespace {
-
-constexpr const char* kDemoLink = "Demo";
 
 bool LeavesNoDevice(std::string_view link) { return link == "Ethernet" || link == "TCP_IP"; }
 

@@ -27,8 +27,6 @@ namespace tarvex {
 
 struct WizardStart;
 
-inline constexpr std::int32_t kVendorId = 0x12C5;
-
 /// What the document is built on. Main fills it; the makers are the only way in which the document gets at concrete
 /// links and windows, by link name and by wizard kind.
 struct DocumentServices {

@@ -1,6 +1,7 @@
 #include "base/Error.h"
 #include "base/ExitRequest.h"
 #include "base/Text.h"
+#include "comm/Links.h"
 #include "shell/Document.h"
 #include "shell/ProductViews.h"
 
@@ -28,7 +29,7 @@ void Document::Run(IMainView& mainView)
     ReadInitFile();
     commandLine_ = ParseCommandLine(services_.commandLine, services_.prompts);
     ProcessCommandLineModes();
-    SelectCommLink("Demo");
+    SelectCommLink(kDemoLink);
     if (commandLine_.help || commandLine_.selfTest || commandLine_.batch)
         return;
     LogPacketHeader();

@@ -1,6 +1,7 @@
 #include "shell/ProductViews.h"
 
 #include "base/Text.h"
+#include "comm/Links.h"
 #include "comm/Products.h"
 
 #include <algorithm>
@@ -14,17 +15,15 @@ std::shared_ptr<IProduct> NoProduct() { return nullptr; }
 
 template <class Product> std::shared_ptr<IProduct> Make() { return std::make_shared<Product>(); }
 
-constexpr const char* kUsbLink = "USB-HID Device";
-constexpr const char* kSerialLink = "SerialZorbus";
-
 constexpr std::array<WizardStart, 5> kWizardStarts{{
-    {"Vexlon", "2.0.0", WizardKind::Vexlon, kVexlonWizard, "Vexlon", kUsbLink, true, false, NoProduct},
-    {"Vexlon-Fx", "2.0.0", WizardKind::Vexlon, "Vexlon-Fx Wizard", "Vexlon-Fx_Channel1", kUsbLink, true, false,
+    {"Vexlon", "2.0.0", WizardKind::Vexlon, kVexlonWizard, "Vexlon", kHidDeviceType, true, false, NoProduct},
+    {"Vexlon-Fx", "2.0.0", WizardKind::Vexlon, "Vexlon-Fx Wizard", "Vexlon-Fx_Channel1", kHidDeviceType, true, false,
      NoProduct},
-    {"Ossary-Plus", "2.5.0", WizardKind::AnalogTx, "Ossary-Plus Wizard", "Ossary-Plus", kSerialLink, false, true,
+    {"Ossary-Plus", "2.5.0", WizardKind::AnalogTx, "Ossary-Plus Wizard", "Ossary-Plus", kSerialDeviceType, false, true,
      NoProduct},
-    {"Cendra", "2.4.0", WizardKind::Cendra, "Cendra Wizard", "Cendra", kSerialLink, false, false, Make<CendraIOBoard>},
-    {"Ossary", "2.4.10", WizardKind::Cendra, "Ossary Wizard", "Ossary", kSerialLink, false, false, Make<Ossary>},
+    {"Cendra", "2.4.0", WizardKind::Cendra, "Cendra Wizard", "Cendra", kSerialDeviceType, false, false,
+     Make<CendraIOBoard>},
+    {"Ossary", "2.4.10", WizardKind::Cendra, "Ossary Wizard", "Ossary", kSerialDeviceType, false, false, Make<Ossary>},
 }};
 
 struct ProductView {

@@ -11,14 +11,14 @@ namespace {
 TEST_F(SerialZorbusTest, SpeaksOnlyToTheNodeAskedFor)
 {
     Start();
-    EXPECT_EQ(link_->connect(0x1A2B, kNorvaneVendorId), 1);
-    EXPECT_EQ(link_->connect(0x1A2B, kNorvaneVendorId), 1);
+    EXPECT_EQ(link_->connect(0x1A2B, kVendorId), 1);
+    EXPECT_EQ(link_->connect(0x1A2B, kVendorId), 1);
     EXPECT_EQ(world_.Take(), (Lines{"ReadNodeRecord(0x1A2B, 1) = ok: True", "Connected"}));
-    EXPECT_EQ(link_->connect(0x1A2C, kNorvaneVendorId), 1);
+    EXPECT_EQ(link_->connect(0x1A2C, kVendorId), 1);
     link_->WriteTo(0xC4, 0x11, {7}, 1, 17);
     EXPECT_EQ(world_.Take(), (Lines{"Disconnected", "ReadNodeRecord(0x1A2C, 1) = ok: True", "Connected",
                                     "WriteParameter(0x1A2C, 0, 17, 0xC4, 0x11, 7, 1, 0) = ok: True", "WriteSuccess"}));
-    EXPECT_EQ(link_->connect(0x4D55, kNorvaneVendorId), 0) << "mute";
+    EXPECT_EQ(link_->connect(0x4D55, kVendorId), 0) << "mute";
     ExpectError([&] { link_->WriteTo(0xC4, 0x11, {7}, 1, 17); }, 303, "ZorbusSerial::WriteTo",
                 "Cannot write packet to SerialZorbus because not connected.");
     EXPECT_FALSE(link_->VerifyCommunications(0, 0)) << "the old node must not come back";
@@ -37,8 +37,8 @@ TEST_F(SerialZorbusTest, SpeaksOnlyToTheNodeAskedFor)
         EXPECT_EQ(link_->ConnectToPath(path), 0) << path;
     EXPECT_EQ(world_.Take(), Lines{});
     Start("<Fault operation='ReadNodeRecord' node='1A2C' times='3'/>");
-    EXPECT_EQ(link_->connect(0x1A2B, kNorvaneVendorId) + link_->ConnectToPath("(0x1A2C)"), 1);
-    EXPECT_EQ(link_->connect(0x1A2C, kNorvaneVendorId), 1);
+    EXPECT_EQ(link_->connect(0x1A2B, kVendorId) + link_->ConnectToPath("(0x1A2C)"), 1);
+    EXPECT_EQ(link_->connect(0x1A2C, kVendorId), 1);
     EXPECT_EQ(link_->productName(), "Kestra Rack B (0x1A2C)") << "late, but not under the old name";
 }
 
@@ -72,7 +72,7 @@ TEST_F(SerialZorbusTest, FindsTheNodesOfThePort)
     for (const std::int16_t silent : std::initializer_list<std::int16_t>{3, 4, 5, 9}) {
         Start({}, silent);
         EXPECT_EQ(link_->Browse(), "") << silent;
-        EXPECT_EQ(link_->connect(0x1C01, kNorvaneVendorId), 0);
+        EXPECT_EQ(link_->connect(0x1C01, kVendorId), 0);
     }
 }
 
@@ -124,7 +124,7 @@ TEST_F(SerialZorbusTest, ReachesTheProcessorOfEachProduct)
         RegisterObject skew;
         skew.Init(each.base, 0x11, 0, 8, "Green_Skew", "");
         const std::int16_t aspi = CalculateASPI(each.connector, &skew, each.enclosure);
-        EXPECT_EQ(link_->connect(each.node, kNorvaneVendorId), 1);
+        EXPECT_EQ(link_->connect(each.node, kVendorId), 1);
         world_.Take();
         link_->WriteTo(each.base, 0x11, {0x5A}, 1, aspi);
         std::int16_t count = 1;
@@ -187,7 +187,7 @@ TEST_F(SerialZorbusTest, FollowsItsSettings)
     world_.Take();
     MakeLink(settings); // the port is still the old link's, which then leaves it
     world_.Take();
-    EXPECT_EQ(link_->connect(0x1B01, kNorvaneVendorId), 1);
+    EXPECT_EQ(link_->connect(0x1B01, kVendorId), 1);
     const Lines lines = world_.Take();
     EXPECT_TRUE(lines[0].starts_with("pause ") && lines[1].starts_with("OpenZone(2, ")) << lines[0];
     settings.kind = 2;

@@ -29,8 +29,6 @@ void CallJournal::Write(const std::string& call, NorvaneStatus status, const std
         stream->WriteLine(line);
 }
 
-std::string HexText(std::int32_t value) { return "0x" + ToHex(value); }
-
 std::string BoolText(NorvaneBool value) { return value == kNorvaneFalse ? "False" : "True"; }
 
 }

@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "base/Numbers.h"
+#include "comm/Links.h"
 #include "comm/dialogs/SerialSettings.h"
 #include "config/DataFileSaving.h"
 #include "shell/Document.h"
@@ -234,7 +235,7 @@ void AdvancedForm::DisplayStatusMessage(const std::string& text)
 
 std::string AdvancedForm::SelectedProductName() const { return board_ ? board_->SelectedProductName() : std::string(); }
 
-void AdvancedForm::SetZorbusID(std::int32_t value) { TXT_ZorbusID->setText(ToQt("0x" + ToHex(value))); }
+void AdvancedForm::SetZorbusID(std::int32_t value) { TXT_ZorbusID->setText(ToQt(HexText(value))); }
 
 void AdvancedForm::SetChannelNum(std::int16_t number) { TXT_ChannelNum->setText(QString::number(number)); }
 
@@ -276,7 +277,7 @@ void AdvancedForm::RealTime(bool on)
 void AdvancedForm::ShowRules(const ProductRules& rules)
 {
     ShowNetworkAddress(rules.networkAddress);
-    ShowSerialSettings(rules.serialSettings && document_->HasLink("SerialZorbus"));
+    ShowSerialSettings(rules.serialSettings && document_->HasLink(kSerialDeviceType));
 }
 
 void AdvancedForm::ShowTitle(const std::string& title) { setWindowTitle(ToQt(title)); }

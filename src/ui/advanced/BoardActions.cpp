@@ -241,7 +241,7 @@ void BoardActions::ShowLinks()
     }
     std::vector<MenuChoice> links;
     for (const std::string& name : LinksOf(controller_.deviceName()))
-        links.push_back({name, name == (link_.IsDemo() ? "Demo" : link_.DeviceType())});
+        links.push_back({name, name == (link_.IsDemo() ? kDemoLink : link_.DeviceType())});
     view_.ShowLinks(links);
 }
 

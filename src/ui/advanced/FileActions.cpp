@@ -44,8 +44,8 @@ bool FileActions::Save()
 
 bool FileActions::SaveAs()
 {
-    const auto path = dialogs_.AskSave(board_.FileName());
-    return path && dialogs_.Allows(document_, *path) && Write(*path);
+    const auto path = dialogs_.AskSave(document_, board_.FileName());
+    return path && Write(*path);
 }
 
 bool FileActions::Write(const std::string& path)

@@ -1,6 +1,7 @@
 #include "ui/advanced/ProductRules.h"
 
 #include "comm/CalculateASPI.h"
+#include "comm/Links.h"
 
 #include <array>
 #include <string_view>
@@ -19,9 +20,9 @@ struct Row {
 };
 
 constexpr std::array<Row, 3> kRows{{
-    {"Vexlon", "USB-HID Device", false, false},
-    {"Cendra", "SerialZorbus", true, true},
-    {"Ossary", "SerialZorbus", true, true},
+    {"Vexlon", kHidDeviceType, false, false},
+    {"Cendra", kSerialDeviceType, true, true},
+    {"Ossary", kSerialDeviceType, true, true},
 }};
 
 }

@@ -53,7 +53,7 @@ bool SerialTarget::AskForConnector(const std::string& product)
     return true;
 }
 
-void SerialTarget::ShowNode(std::int32_t nodeId) { view_.ShowTarget("0x" + ToHex(nodeId), view_.TargetConnector()); }
+void SerialTarget::ShowNode(std::int32_t nodeId) { view_.ShowTarget(HexText(nodeId), view_.TargetConnector()); }
 
 std::int16_t SerialTarget::AspiOf(const RegisterObject& target, const std::string& product) const
 {

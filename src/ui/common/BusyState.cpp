@@ -39,14 +39,7 @@ void BusyState::Leave() noexcept
 
 void BusyState::Announce(bool busy) noexcept
 {
-    try {
-        Changed.Raise(busy);
-    } catch (const ExitRequest& request) {
-        ExitState::Note(request.code);
-        UncaughtErrors::EndEventLoop();
-    } catch (...) {
-        UncaughtErrors::Log();
-    }
+    Contained([&] { Changed.Raise(busy); });
 }
 
 void BusyState::RunWaiting() noexcept

@@ -24,12 +24,26 @@ public:
     static void EndEventLoop() noexcept;
 };
 
+/// Runs a body from which nothing may escape: a request to end the program ends the event loops, any other error is
+/// logged.
+template <class Body> void Contained(Body&& body) noexcept
+{
+    try {
+        std::forward<Body>(body)();
+    } catch (const ExitRequest& request) {
+        ExitState::Note(request.code);
+        UncaughtErrors::EndEventLoop();
+    } catch (...) {
+        UncaughtErrors::Log();
+    }
+}
+
 /// From Qt to us: every slot, timer, event override runs its body through this. Nothing gets past it.
 template <class Body> void Guarded(Body&& body) noexcept
 {
     if (ExitState::Pending()) // events of the same pass still arrive after the loop was told to end
         return;
-    try {
+    Contained([&] {
         std::string text;
         try {
             std::forward<Body>(body)();
@@ -39,12 +53,7 @@ template <class Body> void Guarded(Body&& body) noexcept
         }
         if (!text.empty())
             UncaughtErrors::Show(text); // outside the handler: it runs an event loop of its own
-    } catch (const ExitRequest& request) {
-        ExitState::Note(request.code);
-        UncaughtErrors::EndEventLoop();
-    } catch (...) {
-        UncaughtErrors::Log();
-    }
+    });
 }
 
 /// From us to Qt, wherever Qt may call our handlers before it returns: boxes, dialogs, menus, close, waits. A request

@@ -16,14 +16,7 @@ constexpr std::chrono::milliseconds kFrame{16};
 /// thread still works on.
 void ProcessEvents(QEventLoop::ProcessEventsFlags flags) noexcept
 {
-    try {
-        QCoreApplication::processEvents(flags);
-    } catch (const ExitRequest& request) {
-        ExitState::Note(request.code);
-        UncaughtErrors::EndEventLoop();
-    } catch (...) {
-        UncaughtErrors::Log();
-    }
+    Contained([flags] { QCoreApplication::processEvents(flags); });
 }
 
 }

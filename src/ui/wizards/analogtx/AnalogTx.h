@@ -1,13 +1,7 @@
 #pragma once
 
 #include "base/Event.h"
-#include "platform/zorbus/CommSettings.h"
-#include "ui/wizards/frame/BitsetElements.h"
-#include "ui/wizards/frame/BoardImage.h"
-#include "ui/wizards/frame/ISerialWizardDialogs.h"
-#include "ui/wizards/frame/IWizardProduct.h"
-#include "ui/wizards/frame/SerialWizardFlash.h"
-#include "ui/wizards/frame/SerialWizardMenu.h"
+#include "ui/wizards/frame/SerialWizardProduct.h"
 
 #include <cstdint>
 #include <memory>
@@ -17,29 +11,16 @@ namespace tarvex {
 
 /// What the analog transmitter Ossary-Plus plugs into the wizards' frame: a single board on the serial network, with
 /// one signal processor. Main makes it; the frame calls it.
-class AnalogTx : public IWizardProduct {
+class AnalogTx : public SerialWizardProduct {
 public:
     /// `settings` are those of the program's serial port and outlive this.
     AnalogTx(CommSettings& settings, std::unique_ptr<ISerialWizardDialogs> dialogs);
-    AnalogTx(const AnalogTx&) = delete;
-    AnalogTx& operator=(const AnalogTx&) = delete;
 
     WizardDescription Describe() override;
-    void Attach(IWizardHost& host) override;
     bool Init(const std::shared_ptr<IProduct>&) override;
     void SetCurrentProduct(const std::string& product) override;
-    void DeviceBound(const std::shared_ptr<IDevice>& device) override { menu_.DeviceBound(device); }
-    void MenusEnabled(bool enabled) override { menu_.MenusEnabled(enabled); }
-    BoardImage& Image() override { return image_; }
     void NodeClicked(const std::string& key) override;
-
-    ElementBounds Bounds(const std::string& element) override { return elements_.Bounds(element); }
-    std::int32_t ReadElement(const std::string& element) override { return elements_.Read(element); }
-    bool WriteElement(const std::string& element, std::int32_t value) override;
-    std::string ValueText(const std::string& element, std::int32_t position) override;
     std::string HelpPicture(const std::string& element) override;
-    std::string UnreadMessage(const std::string& element) override;
-
     bool OpenFile(const std::string& path) override;
     void Unload() override;
 
@@ -48,15 +29,10 @@ public:
 
 private:
     std::int16_t Aspi() const;
-    FlashSteps Steps();
+    std::optional<std::int16_t> AspiOf(const RegisterObject&) const override { return Aspi(); }
+    static FlashSteps StepsOf(AnalogTx& product);
     void MakeCurrentAgain();
 
-    IWizardHost* host_ = nullptr;
-    BoardImage image_;
-    std::unique_ptr<ISerialWizardDialogs> dialogs_;
-    BitsetElements elements_;
-    SerialWizardMenu menu_;
-    SerialWizardFlash flash_;
     Subscription linkChanged_;
 };
 

@@ -29,20 +29,16 @@ constexpr std::int32_t kLargestSingleStepRange = 10;
 }
 
 Cendra::Cendra(CommSettings& settings, std::unique_ptr<ISerialWizardDialogs> dialogs)
-    : image_([this](const RegisterObject& each) { return target_.OwnAspi(each); }),
-      elements_([this](const RegisterObject& each) { return target_.Aspi(each); }), dialogs_(std::move(dialogs)),
-      port_(settings, *dialogs_), flash_(port_, StepsOfFlash()),
-      discovery_(target_, [this](SerialZorbus&) { return port_.AskToRetry(); })
+    : SerialWizardProduct(settings, std::move(dialogs), StepsOf(*this)),
+      discovery_(target_, [this](SerialZorbus&) { return menu_.AskToRetry(); })
 {}
 
 WizardDescription Cendra::Describe()
 {
-    WizardDescription description;
+    WizardDescription description = SerialDescription();
     description.windowName = "Cendra_Wizard";
     description.viewName = "Cendra Wizard";
     description.designCaption = "Cendra - Display Adjustments";
-    description.realLink = kSerialDeviceType;
-    description.failureHelpTip = "CommunicationFailure_SerialZorbus.rtf";
     description.captions = {"&Save", "Save &As", "&Edit", "&Undo last change", "&Options"};
     description.closeQuestionEnd = "?";
     description.savesUnderOldNameOnClose = true;
@@ -54,20 +50,18 @@ WizardDescription Cendra::Describe()
         selected,
         flash_.SaveEntry("&Save to System"),
         flash_.RestoreEntry("&Restore Current System Settings"),
-        port_.SettingsEntry("Serial &Port Settings"),
-        port_.PortEntry("&Enable COM x"),
+        menu_.SettingsEntry("Serial &Port Settings"),
+        menu_.PortEntry("&Enable COM x"),
         {"DecreaseHSyncPulseWidth", "&Decrease Horizontal Pulse Width", [this] { pulse_.Decrease(); }},
         {"IncreaseHSyncPulseWidth", "&Increase Horizontal Pulse Width", [this] { pulse_.Increase(); }},
-        port_.LoggingEntry("Start &Logging")};
+        menu_.LoggingEntry("Start &Logging")};
     return description;
 }
 
 void Cendra::Attach(IWizardHost& host)
 {
+    SerialWizardProduct::Attach(host);
     target_.Attach(host);
-    elements_.Attach(host);
-    port_.Attach(host);
-    flash_.Attach(host);
 }
 
 /// The wizard reads what its element needs; the register window shows, and changes bit by bit, every register.
@@ -132,17 +126,6 @@ std::optional<NoTarget> Cendra::MissingTarget()
     return std::nullopt;
 }
 
-bool Cendra::WriteElement(const std::string& element, std::int32_t value)
-{
-    elements_.Write(element, value);
-    return true;
-}
-
-std::string Cendra::ValueText(const std::string& element, std::int32_t position)
-{
-    return BitsetElements::ValueText(element, position);
-}
-
 std::int32_t Cendra::LargeStep(std::int32_t range)
 {
     if (range <= kLargestSingleStepRange)
@@ -158,19 +141,14 @@ std::string Cendra::HelpPicture(const std::string&)
     return product_ == "Ossary" ? "Ossary_splash.jpg" : "CENDRA_splash.jpg";
 }
 
-std::string Cendra::UnreadMessage(const std::string& element)
-{
-    return "Failed to get current status of " + element + " setting.";
-}
-
-FlashSteps Cendra::StepsOfFlash()
+FlashSteps Cendra::StepsOf(Cendra& product)
 {
     return {[](SerialZorbus& link) { return link.ResetCache() && link.Reboot(); },
-            [this](SerialZorbus& link) {
-                image_.Forget();
+            [&product](SerialZorbus& link) {
+                product.image_.Forget();
                 return link.Reboot();
             },
-            [this] { return TextsOfFlash(); }};
+            [&product] { return product.TextsOfFlash(); }};
 }
 
 FlashTexts Cendra::TextsOfFlash()
@@ -181,7 +159,7 @@ FlashTexts Cendra::TextsOfFlash()
     texts.restoredMessage = "Flash settings restored.";
     texts.restoredTitle = product_ + " Restore Settings";
     texts.restoreFailed =
-        "Failed to sync to flash.  No response after reboot from 0x" + ToHex(target_.Host().Device().ProductID());
+        "Failed to sync to flash.  No response after reboot from " + HexText(target_.Host().Device().ProductID());
     return texts;
 }
 
@@ -194,7 +172,7 @@ void Cendra::FileSaved()
 
 void Cendra::Unload()
 {
-    port_.Unload();
+    SerialWizardProduct::Unload();
     target_.Release();
 }
 

@@ -5,8 +5,6 @@
 #include "ui/wizards/cendra/CendraTarget.h"
 #include "ui/wizards/frame/RegisterWrite.h"
 
-#include <algorithm>
-
 namespace tarvex {
 
 namespace {
@@ -16,23 +14,23 @@ constexpr const char* kRegister = "HS_Out_Width";
 
 }
 
-void CendraPulseWidth::Step(int step)
+void CendraPulseWidth::Move(Step step)
 {
     IWizardHost& host = target_.Host();
     const std::string element = kElement;
     if (host.CurrentElement() != element || !host.IsCurrentSelected()) {
-        host.Services().prompts.Tell((step > 0 ? "Increasing the " : "Decreasing the ") + element +
+        host.Services().prompts.Tell((step == Step::Up ? "Increasing the " : "Decreasing the ") + element +
                                      " is only available when the " + element +
                                      " is the selected configuration element");
         return;
     }
     const auto pulse = host.Controller().GetI2CRegisterByName(kRegister);
-    const std::int32_t width = std::clamp(pulse->value() + step, pulse->MinValue(), pulse->MaxValue());
-    if (width == pulse->value()) {
-        host.Say(element + (step > 0 ? " is already at its maximum" : " is already at its minimum"));
+    const auto width = NextPulseWidth(pulse->value(), pulse->MaxValue(), step);
+    if (!width) {
+        host.Say(element + (step == Step::Up ? " is already at its maximum" : " is already at its minimum"));
         return;
     }
-    const auto write = [&] { WriteRegister(host, *pulse, width, target_.Aspi(*pulse)); };
+    const auto write = [&] { WriteRegister(host, *pulse, *width, target_.Aspi(*pulse)); };
     if (!host.Write("Cendra_Wizard::SyncPulseWidth", kRegister, write))
         return;
     host.TellOtherViews(kRegisterChanged, kRegister);

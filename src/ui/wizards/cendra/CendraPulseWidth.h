@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/wizards/frame/PulseWidth.h"
+
 namespace tarvex {
 
 class CendraTarget;
@@ -10,13 +12,11 @@ class CendraPulseWidth {
 public:
     explicit CendraPulseWidth(CendraTarget& target) : target_(target) {}
 
-    void Increase() { Step(kStep); }
-    void Decrease() { Step(-kStep); }
+    void Increase() { Move(Step::Up); }
+    void Decrease() { Move(Step::Down); }
 
 private:
-    static constexpr int kStep = 10;
-
-    void Step(int step);
+    void Move(Step step);
 
     CendraTarget& target_;
 };

@@ -14,7 +14,6 @@ namespace tarvex {
 void CendraTarget::Use(std::shared_ptr<Enclosure> enclosure)
 {
     enclosure_ = std::move(enclosure);
-    slot_ = 0;
     connector_ = kNoConnector;
 }
 
@@ -38,9 +37,7 @@ bool CendraTarget::Choose(const std::string& key)
     const auto leaf = LeafOfKey(key);
     if (!leaf || !enclosure_ || leaf->product >= enclosure_->GetProducts().size())
         return false;
-    const std::int16_t perSlot = enclosure_->GetProducts()[leaf->product].product->ConnectorsPerSlot();
     product_ = leaf->product;
-    slot_ = static_cast<std::uint16_t>((leaf->connector - 1) / perSlot);
     connector_ = static_cast<std::uint16_t>(leaf->connector);
     host_->TheDocument().ShowTarget(enclosure_->ZorbusAddress(), leaf->connector);
     return true;

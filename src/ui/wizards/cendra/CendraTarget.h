@@ -47,7 +47,6 @@ public:
     bool IsOwn(const std::string& product) const { return product == host_->Controller().deviceName(); }
     /// The product of the current connector, counted from 0.
     std::size_t Product() const { return product_; }
-    std::uint16_t Slot() const { return slot_; }
     std::uint16_t Connector() const { return connector_; }
 
     /// Address of the signal processor that serves a register of the current connector; kNoAspi when there is none.
@@ -61,7 +60,6 @@ private:
     IWizardHost* host_ = nullptr;
     std::shared_ptr<Enclosure> enclosure_;
     std::size_t product_ = 0;
-    std::uint16_t slot_ = 0;
     std::uint16_t connector_ = kNoConnector;
 };
 

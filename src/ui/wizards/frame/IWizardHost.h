@@ -90,8 +90,6 @@ public:
     virtual void Say(const std::string& text) = 0;
     /// Tells the other views of a change of the board: one of the kinds of IMainView.h and a name.
     virtual void TellOtherViews(std::int32_t kind, const std::string& name) = 0;
-    /// Path of the data file in use; empty when there is none.
-    virtual const std::string& DataFileName() const = 0;
     /// No data file is in use any more; the caption becomes "Tarvex" when one was.
     virtual void DropDataFile() = 0;
 };

@@ -32,10 +32,8 @@ bool WizardFiles::Save() { return name_.empty() ? SaveAs() : WriteTo(name_, "");
 
 bool WizardFiles::SaveAs()
 {
-    const auto path = dialogs_.AskSave(name_);
-    if (!path || !dialogs_.Allows(*document_, *path))
-        return false;
-    if (!WriteTo(*path, ". Please try again with a different name."))
+    const auto path = dialogs_.AskSave(*document_, name_);
+    if (!path || !WriteTo(*path, ". Please try again with a different name."))
         return false;
     name_ = *path;
     dialogs_.Used(*path);

@@ -34,8 +34,7 @@ public:
     /// No data file is in use any more.
     void Drop();
     const std::string& Name() const { return name_; }
-    /// Whether the board was written to since the last save.
-    bool IsDirty() const { return dirty_; }
+    /// The board was written to.
     void MarkDirty() { dirty_ = true; }
 
 private:
@@ -51,7 +50,7 @@ private:
     Document* document_ = nullptr;
     std::string name_;
     DataFileDialogs dialogs_;
-    bool dirty_ = false;
+    bool dirty_ = false; ///< the board was written to since the last save
 };
 
 }

@@ -84,7 +84,6 @@ public:
     void OfferUndo(std::int32_t code) override;
     void Say(const std::string& text) override { view_.ShowMessage(text); }
     void TellOtherViews(std::int32_t kind, const std::string& name) override;
-    const std::string& DataFileName() const override { return files_.Name(); }
     void DropDataFile() override { files_.Drop(); }
 
     /// The link's end of the frame, whose handlers a test calls as a link would.

@@ -116,7 +116,7 @@ void WizardLink::ShowStanding()
     if (type == description_.realLink)
         view_.ShowConnection(picture("connected_on_grey.jpg"), "Connected");
     else if (type == kDemoDeviceType)
-        view_.ShowConnection(picture("demo_on_grey.jpg"), "Demo device");
+        view_.ShowConnection(picture("demo_on_grey.jpg"), kDemoDeviceType);
     EnableMenus(true);
     if (failed_) {
         failed_ = false;

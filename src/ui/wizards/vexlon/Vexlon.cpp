@@ -1,5 +1,6 @@
 #include "ui/wizards/vexlon/Vexlon.h"
 
+#include "comm/Links.h"
 #include "shell/IMainView.h"
 #include "ui/wizards/frame/BoardLoading.h"
 #include "ui/wizards/vexlon/VexlonElements.h"
@@ -40,7 +41,7 @@ WizardDescription Vexlon::Describe()
     description.windowName = "Vexlon_Wizard";
     description.viewName = "Vexlon Wizard";
     description.designCaption = "Vexlon - Display Adjustments";
-    description.realLink = "USB-HID Device";
+    description.realLink = kHidDeviceType;
     description.panels = {"Resolution", "Refresh"};
     description.elements = BuiltInVexlonElements();
     description.options = {

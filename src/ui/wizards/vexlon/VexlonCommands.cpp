@@ -10,6 +10,7 @@ namespace {
 constexpr const char* kModeRegister = "CTL_1_MODE";
 constexpr std::int32_t kReSyncBit = 0x40;
 constexpr const char* kPulseRegister = "Hsync output pulsewidth";
+constexpr std::int32_t kWidestPulse = 255;
 constexpr const char* kDividerRegister = "PLL Div MSB";
 
 }
@@ -39,7 +40,7 @@ void VexlonCommands::StepPulseWidth(Step step)
             "element");
         return;
     }
-    if (const auto next = NextPulseWidth(board_.Value(kPulseRegister), step))
+    if (const auto next = NextPulseWidth(board_.Value(kPulseRegister), kWidestPulse, step))
         WriteAndTell("Vexlon_Wizard::StepPulseWidth", kPulseRegister, *next);
     else
         host.Say(std::string("Horizontal Pulse Width is already at its ") + (step == Step::Up ? "maximum" : "minimum"));

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ui/wizards/frame/PulseWidth.h"
 #include "ui/wizards/vexlon/VexlonBoard.h"
-#include "ui/wizards/vexlon/VexlonSteps.h"
 
 namespace tarvex {
 

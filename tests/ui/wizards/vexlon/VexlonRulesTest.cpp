@@ -1,7 +1,7 @@
 #include "support/ExpectError.h"
 #include "ui/wizards/frame/BoardLoading.h"
+#include "ui/wizards/frame/PulseWidth.h"
 #include "ui/wizards/vexlon/VexlonColour.h"
-#include "ui/wizards/vexlon/VexlonSteps.h"
 #include "ui/wizards/vexlon/VexlonTiming.h"
 
 #include <cmath>
@@ -78,11 +78,11 @@ TEST(VexlonColour, ContrastAsksOnceForEachGainThatWouldLoseItsDifference)
     }
 }
 
-TEST(VexlonSteps, PulseWidthAndProbeStayInRange)
+TEST(PulseWidth, PulseWidthAndProbeStayInRange)
 {
-    EXPECT_EQ(NextPulseWidth(247, Step::Up), 255);
-    EXPECT_EQ(NextPulseWidth(5, Step::Down), 0);
-    EXPECT_EQ(NextPulseWidth(0, Step::Down), std::nullopt);
+    EXPECT_EQ(NextPulseWidth(247, 255, Step::Up), 255);
+    EXPECT_EQ(NextPulseWidth(5, 255, Step::Down), 0);
+    EXPECT_EQ(NextPulseWidth(0, 255, Step::Down), std::nullopt);
     for (const auto& [value, probe] : std::vector<std::pair<int, int>>{{0, 1}, {253, 254}, {254, 253}, {255, 254}})
         EXPECT_EQ(ProbeValue(value, 255), probe);
 }
