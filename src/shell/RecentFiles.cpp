@@ -22,16 +22,23 @@ std::string Absolute(const std::string& path)
 
 void RecentFiles::Load()
 {
+    Read();
+    Changed.Raise();
+}
+
+void RecentFiles::Read()
+{
+    store_.Refresh();
     paths_.clear();
     for (std::size_t i = 0; i < kMost; ++i)
         if (auto path = store_.Read(kSection, Key(i)).value_or(""); path.starts_with('/'))
             paths_.push_back(std::move(path));
-    Changed.Raise();
 }
 
 void RecentFiles::Add(const std::string& path)
 {
     const std::string absolute = Absolute(path);
+    Read();
     std::erase(paths_, absolute);
     paths_.insert(paths_.begin(), absolute);
     paths_.resize(std::min(paths_.size(), kMost));
@@ -40,6 +47,7 @@ void RecentFiles::Add(const std::string& path)
 
 void RecentFiles::Drop(const std::string& path)
 {
+    Read();
     std::erase(paths_, path);
     Store();
 }
@@ -51,6 +59,7 @@ void RecentFiles::Store()
         if (store_.Read(kSection, Key(i)).value_or("") != path)
             store_.Write(kSection, Key(i), path);
     }
+    store_.Flush(); // where that fails, the preferences tell of it
     Changed.Raise();
 }
 

@@ -10,7 +10,7 @@
 namespace tarvex {
 
 /// The data files that the user opened or saved last, the latest first. They stand in a section of their own of the
-/// settings and reach the disk with the preferences. The main window owns the list.
+/// settings, to which every program adds at once. The main window owns the list.
 class RecentFiles {
 public:
     static constexpr std::size_t kMost = 8;
@@ -31,6 +31,7 @@ public:
     Event<RecentFiles> Changed;
 
 private:
+    void Read();
     void Store();
 
     ISettingsStore& store_;

@@ -21,6 +21,7 @@ public:
         values[{std::string(section), std::string(key)}] = value;
     }
 
+    void Refresh() override {}
     bool Flush() override
     {
         ++flushes;

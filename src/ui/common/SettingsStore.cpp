@@ -92,25 +92,42 @@ std::optional<std::string> SettingsStore::Read(std::string_view section, std::st
 
 void SettingsStore::Write(std::string_view section, std::string_view key, std::string_view value)
 {
+    if (Read(section, key) == value)
+        return;
+    written_[{std::string(section), std::string(key)}] = value;
+    Put(std::string(section), std::string(key), std::string(value));
+}
+
+void SettingsStore::Put(const std::string& section, const std::string& key, const std::string& value)
+{
     Place place = Find(section, key);
-    const std::string line = std::string(key) + '=' + Encoded(value);
+    const std::string line = key + '=' + Encoded(value);
     if (place.keyFound) {
-        changed_ = changed_ || lines_[place.line] != line;
         lines_[place.line] = line;
         return;
     }
     if (!place.sectionFound) {
-        lines_.push_back('[' + std::string(section) + ']');
+        lines_.push_back('[' + section + ']');
         place.line = lines_.size();
     }
     lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(place.line), line);
-    changed_ = true;
+}
+
+void SettingsStore::Refresh()
+{
+    if (usable_)
+        Load();
+    for (const auto& [place, value] : written_)
+        Put(place.first, place.second, value);
 }
 
 bool SettingsStore::Flush()
 {
-    if (!usable_ || !changed_)
+    if (!usable_ || written_.empty())
         return usable_;
+    Refresh();
+    if (!usable_)
+        return false;
     QDir().mkpath(QFileInfo(ToQt(path_)).path());
     QByteArray content;
     for (const std::string& line : lines_)
@@ -118,8 +135,10 @@ bool SettingsStore::Flush()
     QSaveFile file(ToQt(path_));
     const bool written = file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
     // flush is asked here: commit would not notice that a full disk did not take the buffer, and lose the old file
-    changed_ = !(written && file.flush() && file.commit());
-    return !changed_;
+    const bool saved = written && file.flush() && file.commit();
+    if (saved)
+        written_.clear();
+    return saved;
 }
 
 SettingsStore::Place SettingsStore::Find(std::string_view section, std::string_view key) const

@@ -2,13 +2,15 @@
 
 #include "platform/ISettingsStore.h"
 
+#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tarvex {
 
-/// The settings as an INI file in the user's configuration folder. It is read once, and written only by Flush, which
-/// keeps every line that is not ours. QSettings is not used: it waits half a minute for a lock that another process
+/// The settings as an INI file in the user's configuration folder. It is written only by Flush, which keeps every line
+/// that is not ours. QSettings is not used: it waits half a minute for a lock that another process
 /// holds. Here reading takes no lock, and writing replaces the file in one step.
 class SettingsStore : public ISettingsStore {
 public:
@@ -19,6 +21,7 @@ public:
 
     std::optional<std::string> Read(std::string_view section, std::string_view key) override;
     void Write(std::string_view section, std::string_view key, std::string_view value) override;
+    void Refresh() override;
     /// Creates the folder where it is missing. True, too, when nothing has changed.
     bool Flush() override;
 
@@ -30,11 +33,12 @@ private:
     };
     Place Find(std::string_view section, std::string_view key) const;
     void Load();
+    void Put(const std::string& section, const std::string& key, const std::string& value);
 
     std::string path_;
     std::vector<std::string> lines_;
     bool usable_ = true;
-    bool changed_ = false;
+    std::map<std::pair<std::string, std::string>, std::string> written_; ///< by section and key, not on disk yet
 };
 
 }

@@ -39,6 +39,21 @@ TEST_F(SettingsStoreTest, KeepsWhatIsNotItsOwn)
               "; by hand\n[Other]\nBaud=1\n\n[UserPreferences]\r\nBaud=19200\nCOM_Port=2\n\n[Last]\nx\ny=3\n");
 }
 
+TEST_F(SettingsStoreTest, KeepsWhatAnotherProgramHasStoredSince)
+{
+    SettingsStore first(path);
+    SettingsStore second(path);
+    first.Write("UserPreferences", "Baud", "19200");
+    ASSERT_TRUE(first.Flush());
+    second.Write("RecentFiles", "File1", "/b.xml");
+    second.Refresh();
+    EXPECT_EQ(second.Read("UserPreferences", "Baud"), "19200");
+    first.Write("UserPreferences", "Baud", "38400");
+    ASSERT_TRUE(first.Flush());
+    ASSERT_TRUE(second.Flush());
+    EXPECT_EQ(Content(), "[UserPreferences]\nBaud=38400\n[RecentFiles]\nFile1=/b.xml\n");
+}
+
 TEST_F(SettingsStoreTest, GivesNothingFromABrokenStoreAndNeverWaits)
 {
     const std::tuple<const char*, std::function<void()>, bool> cases[] = {
