@@ -124,8 +124,8 @@ TEST_F(SerialZorbusFaultTest, SurvivesAnySequenceOfFaults)
             world_.Take();
             if (action < 2) {
                 wanted = below(2) == 0 ? 0x1A2B : 0x1A2C;
-                const auto done = action == 0 ? link_->connect(wanted, kVendorId)
-                                              : link_->ConnectToPath("(0x" + ToHex(wanted) + ")");
+                const auto done =
+                    action == 0 ? link_->connect(wanted, kVendorId) : link_->ConnectToPath("(0x" + ToHex(wanted) + ")");
                 EXPECT_EQ(done == 1, link_->IsConnected());
             } else if (action == 2) {
                 link_->SetCommParameters({kSerialPortKind, 9600, "", below(2) == 0, 1, 0});

@@ -63,7 +63,7 @@ TEST_F(AdvancedFormTest, TheCloseBoxAsksAboutUnsavedEditsAndEndsTheProgram)
     EXPECT_TRUE(ExitState::Pending());
     EXPECT_EQ(ExitState::Code(), 0);
     EXPECT_EQ(ExitState::KeptWindow(), &form_); // it has unloaded itself
-    EXPECT_EQ(settings_.flushes, 2); // of the recent files, and once of the preferences
+    EXPECT_EQ(settings_.flushes, 2);            // of the recent files, and once of the preferences
 }
 
 TEST_F(AdvancedFormTest, BesideAWizardTheCloseBoxHidesAndQuitAsksEveryView)

@@ -77,8 +77,11 @@ bool WizardFrame::Init(Document& document, const std::shared_ptr<IProduct>& prod
     files_.Attach(document_);
     subscriptions_.clear();
     subscriptions_.push_back(document.CommLinkChanged.Subscribe([this](const auto&) { link_.BindDevice(); }));
-    subscriptions_.push_back(document.controller().DataFileOpened.Subscribe(
-        [this](const std::string&, const std::string& path) { files_.Opened(path); }));
+    subscriptions_.push_back(
+        document.controller().DataFileOpened.Subscribe([this](const std::string&, const std::string& path) {
+            files_.Opened(path);
+            fileLoaded_ = true;
+        }));
     link_.BindDevice();
     elements_ = FindElements(document.controller(), services_.files, services_.state, description_.elements);
     view_.ShowElements(elements_);
@@ -140,14 +143,30 @@ void WizardFrame::Open()
     });
 }
 
+bool WizardFrame::ApplyFile(const std::string& path)
+{
+    fileLoaded_ = false;
+    const auto forget = [this] {
+        if (fileLoaded_) // however much of it the board has taken
+            product_.Image().ForgetFile();
+    };
+    try {
+        const bool opened = product_.OpenFile(path);
+        forget();
+        return opened;
+    } catch (...) {
+        forget();
+        throw;
+    }
+}
+
 void WizardFrame::OpenFile(const std::string& path)
 {
     const int before = link_.Failures();
-    const bool opened = product_.OpenFile(path);
+    const bool opened = ApplyFile(path);
     const bool complete = link_.Failures() == before;
     if (!opened && complete)
         return; // the board is as it was
-    product_.Image().ForgetFile();
     if (link_.HasFailed()) {
         current_.clear(); // how much of the file the board holds is not known
         return view_.EnableBar(false);

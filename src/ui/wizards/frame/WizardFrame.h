@@ -99,6 +99,7 @@ private:
     void ShowRange(const std::string& element, std::int32_t value);
     void ShowValue();
     void ShowPosition(std::int32_t position);
+    bool ApplyFile(const std::string& path);
     void OpenFile(const std::string& path);
     bool WriteAt(std::int32_t position);
     void UndoTo(std::int32_t position);
@@ -127,6 +128,7 @@ private:
     std::string current_;
     BarHistory history_;
     bool reversed_ = false;
+    bool fileLoaded_ = false; ///< the registers were made from a data file since the last Open began
 
     std::vector<Subscription> subscriptions_;
 };
