@@ -25,9 +25,6 @@ private:
     std::vector<std::string> paths_;
 };
 
-/// "0x1A2B".
-std::string HexText(std::int32_t value);
-
 /// "True" or "False".
 std::string BoolText(NorvaneBool value);
 

@@ -1,3 +1,4 @@
+#include "base/Numbers.h"
 #include "platform/zorbus/SimulatedNorvaneSystem.h"
 
 #include <algorithm>
