@@ -21,6 +21,7 @@ struct MessageBoxRequest {
     Buttons buttons = Buttons::Ok;
     Icon icon = Icon::None;
     std::optional<std::int32_t> helpTopic = std::nullopt;
+    bool returnAnswersNo = false; ///< of a Yes/No box whose Yes cannot be taken back
 };
 
 /// One file dialog. `filter` is in the form "XML (*.xml)|*.xml|All (*.*)|*.*"; the extension has no dot.
@@ -77,6 +78,13 @@ public:
     bool Ask(std::string text, std::string title = "Tarvex")
     {
         return ShowMessage({std::move(text), std::move(title), Buttons::YesNo, Icon::Question}) == Answer::Yes;
+    }
+    /// The same before something is lost: Return answers No.
+    bool AskBeforeLoss(std::string text, std::string title = "Tarvex")
+    {
+        MessageBoxRequest box{std::move(text), std::move(title), Buttons::YesNo, Icon::Question};
+        box.returnAnswersNo = true;
+        return ShowMessage(box) == Answer::Yes;
     }
 };
 

@@ -92,9 +92,10 @@ bool BoardActions::OpenDataFile(const std::string& path)
 bool BoardActions::MayDropEdits()
 {
     const std::size_t edits = modified_ ? ChangedRegisters(controller_).size() : 0;
-    return edits == 0 || services_.prompts.Ask(std::to_string(edits) +
-                                               (edits == 1 ? " changed register has" : " changed registers have") +
-                                               " been neither loaded into the board nor saved. Discard the changes?");
+    return edits == 0 ||
+           services_.prompts.AskBeforeLoss(std::to_string(edits) +
+                                           (edits == 1 ? " changed register has" : " changed registers have") +
+                                           " been neither loaded into the board nor saved. Discard the changes?");
 }
 
 void BoardActions::Saved(const std::string& path)

@@ -89,6 +89,8 @@ int RunBox(const MessageBoxRequest& request)
                                        ToQtButtons(request), DialogParent());
     box->setTextFormat(Qt::PlainText); // texts carry paths and names, which may look like tags
     box->setEscapeButton(DismissingButton(request.buttons));
+    if (request.returnAnswersNo)
+        box->setDefaultButton(QMessageBox::No);
     return RunModal(*box);
 }
 

@@ -48,6 +48,15 @@ TEST_F(UserPromptsTest, AnswersWithTheButtonAndForAClosedBox)
     }
 }
 
+TEST_F(UserPromptsTest, ReturnLosesNothing)
+{
+    const auto pressReturn = [](QMessageBox& box) { PressKey(box, Qt::Key_Return); };
+    OnceShown<QMessageBox>("MessageBox", pressReturn);
+    EXPECT_TRUE(prompts.Ask("Resend?"));
+    OnceShown<QMessageBox>("MessageBox", pressReturn);
+    EXPECT_FALSE(prompts.AskBeforeLoss("Discard?"));
+}
+
 constexpr const char* kFilter = "XML (*.xml)|*.xml|All (*.*)|*.*";
 
 /// Types a name into the dialog and presses Return.

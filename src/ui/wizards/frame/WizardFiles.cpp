@@ -87,9 +87,9 @@ bool WizardFiles::AgreesToUnread()
         names += "\n" + unread[i];
     if (unread.size() > kNamesShown)
         names += "\nand " + std::to_string(unread.size() - kNamesShown) + " more";
-    return services_.prompts.Ask("These registers could not be read from the board:\n" + names +
-                                     "\n\nThe file will hold what was last known of them. Save it anyway?",
-                                 "Save");
+    return services_.prompts.AskBeforeLoss("These registers could not be read from the board:\n" + names +
+                                               "\n\nThe file will hold what was last known of them. Save it anyway?",
+                                           "Save");
 }
 
 bool WizardFiles::ConfirmClose()
