@@ -82,6 +82,8 @@ bool WizardFrame::Init(Document& document, const std::shared_ptr<IProduct>& prod
             files_.Opened(path);
             fileLoaded_ = true;
         }));
+    subscriptions_.push_back(document.controller().CurrentProductChanged.Subscribe(
+        [this](std::int32_t, std::int32_t, const std::string&) { product_.Image().Forget(); }));
     link_.BindDevice();
     elements_ = FindElements(document.controller(), services_.files, services_.state, description_.elements);
     view_.ShowElements(elements_);

@@ -58,8 +58,10 @@ WizardDescription Vexlon::Describe()
 std::function<void()> Vexlon::OnBoard(std::function<void()> command)
 {
     return [this, command = std::move(command)] {
-        if (board_.Host().EnsureLink())
-            command();
+        if (!board_.Host().EnsureLink())
+            return;
+        image_.FindUnread(); // what could not be read before may be readable now
+        command();
     };
 }
 

@@ -30,7 +30,8 @@ void CheckItem(IWizardFrameView& view, const char* array, const Items& items, co
 
 bool VexlonMode::SetResolution(Resolution wanted)
 {
-    if (refresh_ != kUnknownRefresh && !PllByteOrSayWhy(wanted, refresh_))
+    const std::int16_t refresh = refresh_; // a lost link makes it unknown on the way
+    if (refresh != kUnknownRefresh && !PllByteOrSayWhy(wanted, refresh))
         return false;
     if (!WriteResolution(wanted))
         return false;
@@ -39,8 +40,10 @@ bool VexlonMode::SetResolution(Resolution wanted)
     ShowResolution();
     board_.Host().SelectAgain(); // width, height and fine tune are elements, too; it takes the undo, so not later
     board_.Host().OfferUndo(kUndoResolution);
-    if (refresh_ != kUnknownRefresh || board_.Host().Services().prompts.Ask("Use a default refresh rate of 60Hz?"))
-        ProgramPll();
+    if (refresh != kUnknownRefresh)
+        ProgramPll(refresh);
+    else if (board_.Host().Services().prompts.Ask("Use a default refresh rate of 60Hz?"))
+        ProgramPll(kDefaultRefresh);
     return true;
 }
 
@@ -53,9 +56,8 @@ bool VexlonMode::WriteResolution(Resolution wanted)
     return board_.Host().Write("Vexlon_Wizard::SetResolution", "Resolution", writes) && plan.complete;
 }
 
-void VexlonMode::ProgramPll()
+void VexlonMode::ProgramPll(std::int16_t refresh)
 {
-    const std::int16_t refresh = refresh_ == kUnknownRefresh ? kDefaultRefresh : refresh_;
     const auto byte = PllByteOrSayWhy(resolution_, refresh);
     if (!byte || !WritePll("Vexlon_Wizard::SetResolution", *byte))
         return;

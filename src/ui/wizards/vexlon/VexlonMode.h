@@ -37,7 +37,7 @@ public:
 private:
     bool SetResolution(Resolution wanted);
     bool WriteResolution(Resolution wanted);
-    void ProgramPll();
+    void ProgramPll(std::int16_t refresh);
     bool IsInRange();
     bool WritePll(const char* source, std::int32_t value);
     std::optional<std::uint8_t> PllByteOrSayWhy(Resolution resolution, std::int16_t refresh);

@@ -237,6 +237,21 @@ TEST_F(VexlonTest, ARegisterThatCannotBeReadIsNamedBeforeItIsSaved)
     EXPECT_NE(files_.files["/home/a.xml"].find("<Value>4D</Value>"), std::string::npos);
 }
 
+TEST_F(VexlonTest, ACommandWorksFromWhatTheBoardHolds)
+{
+    document_->controller().InitDevice("Vexlon");
+    usb_->mute = {PlaceOf("CTL_1_MODE")};
+    prompts_.ExpectMessage("failure reading CTL_1_MODE from device USB-HID Device. Aborting read.");
+    Start("Vexlon", "Vexlon", {{"CTL_1_MODE", 0x25}});
+    usb_->mute.clear();
+    const Values pulse{{"CTL_1_MODE", 0x65}, {"CTL_1_MODE", 0x25}};
+    Choose("ReSync");
+    EXPECT_EQ(TakeWrites(), pulse);
+    document_->controller().InitDevice("Vexlon"); // as another view may: the registers hold defaults again
+    Choose("ReSync");
+    EXPECT_EQ(TakeWrites(), pulse);
+}
+
 TEST_F(VexlonTest, GainAnswersHoldForTheirChannelOnly)
 {
     Start("Vexlon-Fx_Channel1", "Vexlon-Fx", {{"Red Gain", 100}, {"Green Gain", 100}, {"Blue Gain", 250}});
