@@ -96,6 +96,8 @@ public:
     void CloseView(const std::string& product);
     /// Asks about unsaved edits in the main window, which ends with a wizard; false when the user wants it to stay.
     bool ConfirmCloseOfMainView() { return !mainView_ || mainView_->ConfirmClose(); }
+    /// Asks before what was edited in the main window, and neither loaded nor saved, is given up; false for no.
+    bool MayDropEdits() { return !mainView_ || mainView_->MayDropEdits(); }
     /// True when a wizard window exists, shown or hidden.
     bool IsWizardOpen() const { return !wizards_.empty(); }
     /// Disconnects the link in use and puts another one in its place. The link's own name and unknown names change

@@ -47,6 +47,8 @@ public:
     virtual void OpenDataFile(const std::string& path) = 0;
     /// Asks about unsaved edits; false when the user wants the program to stay.
     virtual bool ConfirmClose() = 0;
+    /// Asks about edits that would be lost now, being neither loaded nor saved; false when the user wants them to stay.
+    virtual bool MayDropEdits() = 0;
 
     /// Another view changed the board: one of the kinds above and the register's or setting's name.
     virtual void UpdateUI(std::int32_t kind, const std::string& name) = 0;

@@ -31,6 +31,17 @@ bool ReadBoolean(ISettingsStore& store, std::string_view key, bool standard)
     return ToBoolean(store.Read(kSection, key).value_or("")).value_or(standard);
 }
 
+std::map<std::string, std::string> TextsOf(const Preferences& preferences)
+{
+    return {{"AutoConnect", ToText(preferences.autoConnect)},
+            {"AutoLoadFileOpen", ToText(preferences.autoLoadFileOpen)},
+            {"LastZorbusID", preferences.lastZorbusId},
+            {"LastChannel", preferences.lastChannel},
+            {"Baud", std::to_string(preferences.serial.baudRate)},
+            {"COM_Port", std::to_string(preferences.serial.comPort)},
+            {"KeepLinkOpen", ToText(preferences.serial.keepLinkOpen)}};
+}
+
 template <class Integer> Integer ReadNumber(ISettingsStore& store, std::string_view key, Integer standard)
 {
     const auto number = TryParseDecimal(TrimBlanks(store.Read(kSection, key).value_or("")));
@@ -53,6 +64,7 @@ void LoadPreferences(ISettingsStore& store, Preferences& preferences)
     preferences.serial.keepLinkOpen = ReadBoolean(store, "KeepLinkOpen", standard.serial.keepLinkOpen);
     preferences.serial.kind = kSerialPortKind;
     preferences.loaded = true;
+    preferences.asLoaded = TextsOf(preferences);
 }
 
 bool SavePreferences(ISettingsStore& store, Preferences& preferences)
@@ -60,13 +72,9 @@ bool SavePreferences(ISettingsStore& store, Preferences& preferences)
     if (!preferences.loaded)
         return true;
     preferences.loaded = false;
-    store.Write(kSection, "AutoConnect", ToText(preferences.autoConnect));
-    store.Write(kSection, "AutoLoadFileOpen", ToText(preferences.autoLoadFileOpen));
-    store.Write(kSection, "LastZorbusID", preferences.lastZorbusId);
-    store.Write(kSection, "LastChannel", preferences.lastChannel);
-    store.Write(kSection, "Baud", std::to_string(preferences.serial.baudRate));
-    store.Write(kSection, "COM_Port", std::to_string(preferences.serial.comPort));
-    store.Write(kSection, "KeepLinkOpen", ToText(preferences.serial.keepLinkOpen));
+    for (const auto& [key, text] : TextsOf(preferences))
+        if (text != preferences.asLoaded.at(key) || !store.Read(kSection, key))
+            store.Write(kSection, key, text);
     return store.Flush();
 }
 

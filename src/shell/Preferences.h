@@ -3,6 +3,7 @@
 #include "platform/ISettingsStore.h"
 #include "platform/zorbus/CommSettings.h"
 
+#include <map>
 #include <string>
 
 namespace tarvex {
@@ -14,14 +15,16 @@ struct Preferences {
     std::string lastZorbusId = "0x0000";
     std::string lastChannel = "0";
     CommSettings serial;
-    bool loaded = false; ///< set by LoadPreferences; what was never loaded is never saved
+    bool loaded = false;                         ///< set by LoadPreferences; what was never loaded is never saved
+    std::map<std::string, std::string> asLoaded; ///< the texts of the keys then: other ones were chosen in this run
 };
 
 /// Reads the seven keys; a missing or unreadable value gives its default.
 void LoadPreferences(ISettingsStore& store, Preferences& preferences);
 
-/// Writes the seven keys, if they were loaded, and marks them not loaded, so that a run saves them once. False when the
-/// store did not take them.
+/// Writes those of the seven keys that have changed since they were loaded, or are missing: the others may have been
+/// changed by another program meanwhile. Marks them not loaded, so that a run saves them once. False when the store did
+/// not take them.
 bool SavePreferences(ISettingsStore& store, Preferences& preferences);
 
 /// "AutoConnect" or "AutoLoadFileOpen"; raises 402 for any other name.

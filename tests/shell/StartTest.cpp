@@ -94,6 +94,12 @@ TEST(Preferences, AreSavedAsTextOnceAndOnlyWhenTheyWereLoaded)
     const auto saved = [&](const char* key) { return store.values[{"UserPreferences", key}]; };
     EXPECT_EQ(saved("AutoConnect") + saved("LastZorbusID") + saved("COM_Port") + saved("Baud"), "True0x33379600");
 
+    LoadPreferences(store, preferences);
+    preferences.lastChannel = "4";
+    store.values[{"UserPreferences", "Baud"}] = "19200"; // by another program
+    SavePreferences(store, preferences);
+    EXPECT_EQ(saved("LastChannel") + " " + saved("Baud"), "4 19200");
+
     for (const auto& [text, baud] : {std::pair("", 9600), {"99999999999", 9600}, {" 12 ", 12}, {"1.5", 9600}}) {
         store.values[{"UserPreferences", "Baud"}] = text;
         LoadPreferences(store, preferences);

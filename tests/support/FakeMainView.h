@@ -29,6 +29,7 @@ public:
     void FocusView() override { Note("FocusView"); }
     void OpenDataFile(const std::string& path) override { Note("OpenDataFile " + path); }
     bool ConfirmClose() override { return confirmsClose; }
+    bool MayDropEdits() override { return dropsEdits; }
     void UpdateUI(std::int32_t kind, const std::string& name) override
     {
         Note("UpdateUI " + std::to_string(kind) + " " + name);
@@ -43,6 +44,7 @@ public:
     void DisplayStatusMessage(const std::string& text) override { Note("DisplayStatusMessage " + text); }
 
     bool confirmsClose = true;
+    bool dropsEdits = true;
     bool isVisible = false;
     int valuesShown = 0;
 

@@ -183,6 +183,8 @@ void AdvancedForm::OpenDataFile(const std::string& path) { files_->OpenAtStart(p
 
 bool AdvancedForm::ConfirmClose() { return !files_ || files_->ConfirmClose(); }
 
+bool AdvancedForm::MayDropEdits() { return !board_ || board_->MayDropEdits(); }
+
 void AdvancedForm::UpdateUI(std::int32_t kind, const std::string& name) { board_->ShowChange(kind, name); }
 
 void AdvancedForm::ShowRegisterValues()

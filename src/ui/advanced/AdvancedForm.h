@@ -78,6 +78,7 @@ public:
     void FocusView() override;
     void OpenDataFile(const std::string& path) override;
     bool ConfirmClose() override;
+    bool MayDropEdits() override;
     void UpdateUI(std::int32_t kind, const std::string& name) override;
     void ShowRegisterValues() override;
     void CommFailure(const std::string& text) override;

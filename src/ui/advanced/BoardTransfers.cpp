@@ -121,6 +121,8 @@ void BoardActions::LoadConfiguration()
         return;
     }
     auto registers = ChangedRegisters(controller_);
+    if (registers.empty() && secondaryView_)
+        document_.UpdateAllViews(nullptr, kEverythingChanged, ""); // the wizard reads what it does not know any more
     if (registers.empty() && lastReadIncomplete_) {
         services_.statusLine.DisplayStatusMessage("Not every register could be read. Read the configuration again.");
         return;

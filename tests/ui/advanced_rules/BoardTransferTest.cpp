@@ -82,6 +82,11 @@ TEST_F(BoardTest, LoadingWritesExactlyTheEditedRegistersAndAsksWhenThereAreNone)
         board_->LoadConfiguration();
         EXPECT_EQ(usb_->transfers.size(), static_cast<std::size_t>(writes));
     }
+    journal_.clear();
+    board_->SetAsSecondaryView(true);
+    prompts_.ExpectMessage(kResendAll, Answer::No);
+    board_->LoadConfiguration();
+    EXPECT_EQ(journal_, Names{"wizard: UpdateUI 0 "}); // it reads what it has lost hold of before that is said
 }
 
 TEST_F(BoardTest, LoadingAfterAnIncompleteReadAsksNothing)

@@ -96,10 +96,12 @@ bool AnalogTx::OpenFile(const std::string& path)
 
 void AnalogTx::MakeCurrentAgain()
 {
+    image_.Forget();
+    if (!Host().MayDropEdits()) // which the new registers would not have
+        return;
     IConfigController& controller = Host().Controller();
     const NodeIdGuard kept(controller);
     controller.InitDevice(kProduct);
-    image_.Forget();
 }
 
 void AnalogTx::r_document_CommLinkChanged(const std::shared_ptr<IDevice>&) { menu_.ehSerialZorbus_Connected(kNoPort); }

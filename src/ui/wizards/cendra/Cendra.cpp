@@ -99,6 +99,8 @@ void Cendra::ShowTree()
 
 void Cendra::NodeClicked(const std::string& key)
 {
+    if (key != node_ && LeafOfKey(key) && !target_.Host().MayDropEdits())
+        return target_.Host().View().SelectNode(node_);
     if (target_.Choose(key)) {
         node_ = key;
         image_.Forget();

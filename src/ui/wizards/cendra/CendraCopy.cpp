@@ -3,6 +3,7 @@
 #include "config/IProgress.h"
 #include "model/RegisterObject.h"
 #include "ui/wizards/cendra/CendraTree.h"
+#include "ui/wizards/frame/PendingEdits.h"
 #include "ui/wizards/frame/TransferStep.h"
 
 #include <memory>
@@ -53,6 +54,7 @@ bool CendraCopy::CopyTo(std::uint16_t connector)
 {
     IWizardHost& host = target_.Host();
     const auto busy = host.Services().beginBusy();
+    const PendingEdits aside(host.Controller()); // they belong to one connector, and are not in the board
     const std::int16_t count = host.Controller().GetI2CRegisterCount();
     host.View().Progress().SetRange(count, 0);
     host.Say("Copying profile to connector " + std::to_string(connector));

@@ -9,6 +9,7 @@ namespace tarvex {
 
 namespace {
 
+constexpr const char* kSource = "Cendra_Wizard::SyncPulseWidth";
 constexpr const char* kElement = "Horizontal Pulse Width";
 constexpr const char* kRegister = "HS_Out_Width";
 
@@ -25,13 +26,17 @@ void CendraPulseWidth::Move(Step step)
         return;
     }
     const auto pulse = host.Controller().GetI2CRegisterByName(kRegister);
-    const auto width = NextPulseWidth(pulse->value(), pulse->MaxValue(), step);
+    std::int32_t current = 0;
+    const auto read = [&] { current = pulse->ReadValue(host.Device(), target_.Aspi(*pulse)); };
+    if (!host.Read(kSource, kRegister, read))
+        return;
+    const auto width = NextPulseWidth(current, pulse->MaxValue(), step);
     if (!width) {
         host.Say(element + (step == Step::Up ? " is already at its maximum" : " is already at its minimum"));
         return;
     }
     const auto write = [&] { WriteRegister(host, *pulse, *width, target_.Aspi(*pulse)); };
-    if (!host.Write("Cendra_Wizard::SyncPulseWidth", kRegister, write))
+    if (!host.Write(kSource, kRegister, write))
         return;
     host.TellOtherViews(kRegisterChanged, kRegister);
     host.SelectAgain(); // the bar shows this register, too

@@ -4,6 +4,7 @@
 #include "config/IProgress.h"
 #include "model/RegisterObject.h"
 #include "ui/wizards/frame/IWizardHost.h"
+#include "ui/wizards/frame/PendingEdits.h"
 
 namespace tarvex {
 
@@ -13,11 +14,14 @@ constexpr std::size_t kFailuresTolerated = 5; ///< after more of them the board 
 
 }
 
-void BoardImage::ForgetFile()
+void BoardImage::DropEdits()
 {
-    for (const std::string& name : AllNames())
-        host_->Controller().GetI2CRegisterByName(name)->IsDirty(false);
-    Forget();
+    IConfigController& controller = host_->Controller();
+    for (std::int16_t i = 0; i < controller.GetI2CRegisterCount(); ++i)
+        if (const auto each = controller.GetI2CRegister(i); each->IsDirty()) {
+            each->IsDirty(false);
+            Forget();
+        }
 }
 
 bool BoardImage::CatchUp()
@@ -32,7 +36,7 @@ bool BoardImage::CatchUp()
 std::optional<std::string> BoardImage::ReadAll()
 {
     unread_ = Read(AllNames(), 0);
-    isRead_ = unread_.empty();
+    isRead_ = unread_.empty() || stopped_; // what the user did not want to wait for is not read right after it
     return isRead_ ? std::nullopt : std::optional(unread_.front());
 }
 
@@ -48,8 +52,10 @@ std::vector<std::string> BoardImage::FindUnread()
 BoardImage::Registers BoardImage::Read(const Registers& names, std::size_t failuresTolerated)
 {
     Registers failed;
+    stopped_ = false;
     if (names.empty())
         return failed;
+    const PendingEdits aside(host_->Controller());
     const auto busy = host_->Services().beginBusy();
     const auto progress = host_->BeginProgress();
     host_->View().Progress().SetRange(static_cast<std::int32_t>(names.size()), 1);
@@ -60,6 +66,7 @@ BoardImage::Registers BoardImage::Read(const Registers& names, std::size_t failu
         ++failures;
         failed.push_back(name);
     }
+    stopped_ = host_->Services().wait.Cancelled();
     return failed;
 }
 
@@ -69,8 +76,7 @@ bool BoardImage::ReadOne(const std::string& name)
     const auto target = controller.GetI2CRegisterByName(name);
     const int before = host_->Failures();
     try {
-        const auto aspi = aspiOf_(*target);
-        if (aspi && !target->IsDirty())
+        if (const auto aspi = aspiOf_(*target))
             controller.ReadI2CRegister(host_->Device(), name, *aspi);
     } catch (const Error&) {
         host_->Services().errorLog.LogCurrentError();

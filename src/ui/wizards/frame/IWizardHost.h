@@ -66,11 +66,15 @@ public:
     /// error 201 "Failed to write " + `what`, raised with `source`. Otherwise the settings count as unsaved. False
     /// when the link is down and nothing was done.
     virtual bool Write(const std::string& source, const std::string& what, const std::function<void()>& writes) = 0;
-    /// The same for reads, with error 0x80040001 "Failed to read " + `what`.
+    /// The same for reads, with error 0x80040001 "Failed to read " + `what`. Registers that were edited and not loaded
+    /// hold what was read only until the end of `reads`, and the edit again afterwards.
     virtual bool Read(const std::string& source, const std::string& what, const std::function<void()>& reads) = 0;
     /// Transfers that failed since the wizard was made, as the link's events tell it. A loop that goes on after a
     /// failure compares it with what it was before.
     virtual int Failures() const = 0;
+    /// To be asked before the registers get values of another target: what was edited in them and neither loaded nor
+    /// saved is given up only when the user agrees. False when he does not; everything stays as it is then.
+    virtual bool MayDropEdits() = 0;
     /// Gives the controller this window as its place of progress and shows the bar while the result lives.
     virtual std::shared_ptr<void> BeginProgress() = 0;
 

@@ -5,6 +5,7 @@
 #include "comm/Errors.h"
 #include "config/IProgress.h"
 #include "shell/Document.h"
+#include "ui/wizards/frame/PendingEdits.h"
 #include "ui/wizards/frame/WizardElements.h"
 
 #include <utility>
@@ -140,7 +141,8 @@ void WizardFrame::NodeClicked(const std::string& key)
 void WizardFrame::Open()
 {
     Attempt([this] {
-        if (const auto path = files_.AskOpenName())
+        const auto path = files_.AskOpenName();
+        if (path && MayDropEdits())
             OpenFile(*path);
     });
 }
@@ -149,8 +151,10 @@ bool WizardFrame::ApplyFile(const std::string& path)
 {
     fileLoaded_ = false;
     const auto forget = [this] {
-        if (fileLoaded_) // however much of it the board has taken
-            product_.Image().ForgetFile();
+        if (!fileLoaded_)
+            return;
+        product_.Image().DropEdits(); // what the board has not taken
+        product_.Image().Forget();
     };
     try {
         const bool opened = product_.OpenFile(path);
@@ -266,7 +270,18 @@ bool WizardFrame::Write(const std::string& source, const std::string& what, cons
 
 bool WizardFrame::Read(const std::string& source, const std::string& what, const std::function<void()>& reads)
 {
-    return Transfer(kErrReadFailed, source, "Failed to read " + what, reads);
+    return Transfer(kErrReadFailed, source, "Failed to read " + what, [&] {
+        const PendingEdits aside(Controller());
+        reads();
+    });
+}
+
+bool WizardFrame::MayDropEdits()
+{
+    if (!TheDocument().MayDropEdits())
+        return false;
+    product_.Image().DropEdits();
+    return true;
 }
 
 std::shared_ptr<void> WizardFrame::BeginProgress()

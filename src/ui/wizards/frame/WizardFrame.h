@@ -77,6 +77,7 @@ public:
     bool Write(const std::string& source, const std::string& what, const std::function<void()>& writes) override;
     bool Read(const std::string& source, const std::string& what, const std::function<void()>& reads) override;
     int Failures() const override { return link_.Failures(); }
+    bool MayDropEdits() override;
     std::shared_ptr<void> BeginProgress() override;
     const std::string& CurrentElement() const override { return current_; }
     bool IsCurrentSelected() const override;

@@ -23,6 +23,8 @@ void WizardLink::BindDevice()
         listen(serial->WriteFailure, &WizardLink::ehSerialZorbus_WriteFailure);
         listen(serial->ReadSuccess, &WizardLink::ehSerialZorbus_ReadSuccess);
         listen(serial->WriteSuccess, &WizardLink::ehSerialZorbus_WriteSuccess);
+        subscriptions_.push_back( // until the port is opened again the board may change
+            serial->Disconnected.Subscribe([this](std::int32_t) { product_.Image().Forget(); }));
     }
     product_.DeviceBound(device);
 }

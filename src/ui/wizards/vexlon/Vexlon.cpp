@@ -58,10 +58,8 @@ WizardDescription Vexlon::Describe()
 std::function<void()> Vexlon::OnBoard(std::function<void()> command)
 {
     return [this, command = std::move(command)] {
-        if (!board_.Host().EnsureLink())
-            return;
-        image_.FindUnread(); // what could not be read before may be readable now
-        command();
+        if (board_.Host().EnsureLink())
+            command();
     };
 }
 

@@ -17,6 +17,14 @@ std::int32_t VexlonBoard::Read(const std::string& name) const
     return Register(name).ReadValue(host_->Device(), kNoAspi);
 }
 
+std::optional<std::int32_t> VexlonBoard::ReadNow(const char* source, const std::string& name) const
+{
+    std::int32_t value = 0;
+    if (!host_->Read(source, name, [&] { value = Read(name); }))
+        return std::nullopt;
+    return value;
+}
+
 void VexlonBoard::Write(const std::string& name, std::int32_t value) const
 {
     WriteRegister(*host_, Register(name), value, kNoAspi);

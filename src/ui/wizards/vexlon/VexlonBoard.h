@@ -4,6 +4,7 @@
 #include "ui/wizards/vexlon/VexlonTiming.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,9 @@ public:
     std::int32_t Value(const std::string& name) const;
     /// Reads the register from the board.
     std::int32_t Read(const std::string& name) const;
+    /// The same as an operation of its own, from which a command works out what it writes. None when the link is down;
+    /// raises 0x80040001 with `source` when the board does not deliver it.
+    std::optional<std::int32_t> ReadNow(const char* source, const std::string& name) const;
     /// Sets the register and writes it to the board.
     void Write(const std::string& name, std::int32_t value) const;
     void Write(const std::vector<RegisterValue>& values) const;

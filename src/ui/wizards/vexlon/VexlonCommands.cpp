@@ -17,17 +17,19 @@ constexpr const char* kDividerRegister = "PLL Div MSB";
 
 void VexlonCommands::ReSync()
 {
-    const std::int32_t mode = board_.Value(kModeRegister);
+    constexpr const char* kSource = "Vexlon_Wizard::ReSync";
+    const auto held = board_.ReadNow(kSource, kModeRegister);
+    if (!held)
+        return;
+    const bool isLeftOver = cutShort_ && *held == (*cutShort_ | kReSyncBit); // and not a part of the mode
+    const std::int32_t mode = isLeftOver ? *cutShort_ : *held;
     const auto pulse = [&] {
         board_.Write(kModeRegister, mode | kReSyncBit);
         board_.Write(kModeRegister, mode);
     };
-    try {
-        board_.Host().Write("Vexlon_Wizard::ReSync", kModeRegister, pulse);
-    } catch (...) {
-        board_.Register(kModeRegister).value(mode); // the next pulse must not take the bit for a part of the mode
-        throw;
-    }
+    cutShort_ = mode;
+    if (board_.Host().Write(kSource, kModeRegister, pulse))
+        cutShort_.reset();
 }
 
 void VexlonCommands::StepPulseWidth(Step step)
@@ -40,8 +42,12 @@ void VexlonCommands::StepPulseWidth(Step step)
             "element");
         return;
     }
-    if (const auto next = NextPulseWidth(board_.Value(kPulseRegister), kWidestPulse, step))
-        WriteAndTell("Vexlon_Wizard::StepPulseWidth", kPulseRegister, *next);
+    constexpr const char* kSource = "Vexlon_Wizard::StepPulseWidth";
+    const auto width = board_.ReadNow(kSource, kPulseRegister);
+    if (!width)
+        return;
+    if (const auto next = NextPulseWidth(*width, kWidestPulse, step))
+        WriteAndTell(kSource, kPulseRegister, *next);
     else
         host.Say(std::string("Horizontal Pulse Width is already at its ") + (step == Step::Up ? "maximum" : "minimum"));
 }
@@ -56,12 +62,16 @@ void VexlonCommands::ShiftFineTune(Step step)
             " Fine Tune option only works when the Fine Tune configuration element is selected");
         return;
     }
+    constexpr const char* kSource = "Vexlon_Wizard::ShiftFineTune";
+    const auto before = board_.ReadNow(kSource, kDividerRegister);
+    if (!before)
+        return;
     const RegisterObject& divider = board_.Register(kDividerRegister);
     const std::int32_t end = up ? divider.MaxValue() : divider.MinValue();
-    if (divider.value() == end)
+    if (*before == end)
         host.Services().prompts.Tell(std::string("Fine Tune MSB Register cannot be ") +
                                      (up ? "incremented above " : "decremented below ") + std::to_string(end));
-    else if (WriteAndTell("Vexlon_Wizard::ShiftFineTune", kDividerRegister, divider.value() + (up ? 1 : -1)))
+    else if (WriteAndTell(kSource, kDividerRegister, *before + (up ? 1 : -1)))
         host.View().MoveBar(up ? host.View().Bar().minimum : host.View().Bar().maximum);
 }
 

@@ -3,6 +3,9 @@
 #include "ui/wizards/frame/PulseWidth.h"
 #include "ui/wizards/vexlon/VexlonBoard.h"
 
+#include <cstdint>
+#include <optional>
+
 namespace tarvex {
 
 /// The single commands of the Options menu that write a register beside the selected element.
@@ -22,6 +25,7 @@ private:
     bool WriteAndTell(const char* source, const char* name, std::int32_t value);
 
     VexlonBoard& board_;
+    std::optional<std::int32_t> cutShort_; ///< the mode of the board whose last pulse did not come to its end
 };
 
 }

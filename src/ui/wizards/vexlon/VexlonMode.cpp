@@ -16,7 +16,6 @@ constexpr const char* kRefreshPanel = "Refresh";
 constexpr std::int16_t kWidthLimit = 1601;
 constexpr std::int16_t kHeightLimit = 1201;
 constexpr std::int16_t kDefaultRefresh = 60;
-constexpr Resolution kNoResolution{0, 0};
 constexpr std::array<const char*, 4> kResolutionRegisters{"DE_CNT MSB", "DE_CNT LSB", "DE_LIN MSB", "DE_LIN LSB"};
 
 template <class Items>
@@ -30,12 +29,12 @@ void CheckItem(IWizardFrameView& view, const char* array, const Items& items, co
 
 bool VexlonMode::SetResolution(Resolution wanted)
 {
-    const std::int16_t refresh = refresh_; // a lost link makes it unknown on the way
+    const std::int16_t refresh = changes_.refresh; // a lost link makes it unknown on the way
     if (refresh != kUnknownRefresh && !PllByteOrSayWhy(wanted, refresh))
         return false;
     if (!WriteResolution(wanted))
         return false;
-    previousResolution_ = resolution_;
+    changes_.previousResolution = resolution_;
     resolution_ = wanted;
     ShowResolution();
     board_.Host().SelectAgain(); // width, height and fine tune are elements, too; it takes the undo, so not later
@@ -49,11 +48,18 @@ bool VexlonMode::SetResolution(Resolution wanted)
 
 bool VexlonMode::WriteResolution(Resolution wanted)
 {
+    constexpr const char* kSource = "Vexlon_Wizard::SetResolution";
     const ResolutionPlan plan = PlanResolution(wanted);
     if (plan.writes.empty())
         return false;
+    const auto read = [&] { // what undo brings back
+        for (const char* each : kResolutionRegisters)
+            board_.Read(each);
+        ReadBackResolution();
+    };
     const auto writes = [&] { board_.Write(plan.writes); };
-    return board_.Host().Write("Vexlon_Wizard::SetResolution", "Resolution", writes) && plan.complete;
+    return board_.Host().Read(kSource, "Resolution", read) && board_.Host().Write(kSource, "Resolution", writes) &&
+           plan.complete;
 }
 
 void VexlonMode::ProgramPll(std::int16_t refresh)
@@ -61,7 +67,7 @@ void VexlonMode::ProgramPll(std::int16_t refresh)
     const auto byte = PllByteOrSayWhy(resolution_, refresh);
     if (!byte || !WritePll("Vexlon_Wizard::SetResolution", *byte))
         return;
-    refresh_ = refresh;
+    changes_.refresh = refresh;
     ShowRefresh();
     board_.Host().TellOtherViews(kEverythingChanged, "");
 }
@@ -73,11 +79,13 @@ void VexlonMode::ChooseRefresh(const std::string& text)
     if (!IsInRange())
         return;
     const auto byte = PllByteOrSayWhy(resolution_, refresh);
-    const std::int32_t before = board_.Value(kPll);
-    if (!byte || !WritePll(kSource, *byte))
+    if (!byte)
         return;
-    previousPll_ = before;
-    refresh_ = refresh;
+    const auto before = board_.ReadNow(kSource, kPll);
+    if (!before || !WritePll(kSource, *byte))
+        return;
+    changes_.previousPll = before;
+    changes_.refresh = refresh;
     ShowRefresh();
     board_.Host().OfferUndo(kUndoRefresh);
     board_.Host().TellOtherViews(kEverythingChanged, "");
@@ -119,36 +127,34 @@ void VexlonMode::Undo(std::int32_t code)
         UndoRefresh();
 }
 
-void VexlonMode::ForgetChanges()
+void VexlonMode::Changes(const ModeChanges& changes)
 {
-    previousResolution_ = kNoResolution;
-    previousPll_.reset();
-    refresh_ = kUnknownRefresh;
+    changes_ = changes;
     ShowRefresh();
 }
 
 void VexlonMode::UndoResolution()
 {
-    if (previousResolution_ == kNoResolution) {
+    if (changes_.previousResolution == kNoResolution) {
         board_.Host().Say("No resolution to undo.");
         return;
     }
-    if (!SetResolution(previousResolution_))
+    if (!SetResolution(changes_.previousResolution))
         return;
-    previousResolution_ = kNoResolution;
+    changes_.previousResolution = kNoResolution;
     board_.Host().Say("Undoing resolution.");
 }
 
 void VexlonMode::UndoRefresh()
 {
-    if (!previousPll_) {
+    if (!changes_.previousPll) {
         board_.Host().Say("No refresh to undo.");
         return;
     }
-    if (!WritePll("Vexlon_Wizard::UndoRefresh", *previousPll_))
+    if (!WritePll("Vexlon_Wizard::UndoRefresh", *changes_.previousPll))
         return;
-    previousPll_.reset();
-    refresh_ = kUnknownRefresh;
+    changes_.previousPll.reset();
+    changes_.refresh = kUnknownRefresh;
     ShowRefresh();
     board_.Host().Say("Undoing refresh.");
     board_.Host().TellOtherViews(kEverythingChanged, "");
@@ -185,8 +191,8 @@ void VexlonMode::ShowResolution()
 
 void VexlonMode::ShowRefresh()
 {
-    const std::string text = std::to_string(refresh_);
-    board_.Host().View().ShowPanel(kRefreshPanel, refresh_ == kUnknownRefresh ? " " : text + "Hz");
+    const std::string text = std::to_string(changes_.refresh);
+    board_.Host().View().ShowPanel(kRefreshPanel, changes_.refresh == kUnknownRefresh ? " " : text + "Hz");
     CheckItem(board_.Host().View(), "Refresh0", kRefreshItems, text);
 }
 

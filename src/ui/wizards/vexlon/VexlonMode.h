@@ -13,6 +13,16 @@ namespace tarvex {
 inline constexpr std::int32_t kUndoRefresh = -2;
 inline constexpr std::int32_t kUndoResolution = -3;
 
+/// The resolution of a board that is not known.
+inline constexpr Resolution kNoResolution{0, 0};
+
+/// What is known of a board's mode only because it was set here.
+struct ModeChanges {
+    std::int16_t refresh = kUnknownRefresh;
+    Resolution previousResolution = kNoResolution;
+    std::optional<std::int32_t> previousPll; ///< VCO and charge pump before the last change of the refresh rate
+};
+
 /// The input mode of the board, its resolution and refresh rate: sets, shows and undoes them. The wizard's product owns
 /// it; each operation that sets something writes to the board.
 class VexlonMode {
@@ -25,9 +35,12 @@ public:
     void ChooseRefresh(const std::string& text);
     /// Takes back the last change of a code.
     void Undo(std::int32_t code);
+    /// What was changed here, to be handed back when the board turns out to have kept it.
+    const ModeChanges& Changes() const { return changes_; }
+    void Changes(const ModeChanges& changes);
     /// The board has other settings than those made here, or is another one: what was changed is not undone there, and
     /// its refresh rate is not known.
-    void ForgetChanges();
+    void ForgetChanges() { Changes({}); }
 
     /// Whether a register holds a part of the resolution.
     static bool IsPartOfResolution(const std::string& registerName);
@@ -48,9 +61,7 @@ private:
 
     VexlonBoard& board_;
     Resolution resolution_;
-    std::int16_t refresh_ = kUnknownRefresh;
-    Resolution previousResolution_;           ///< 0x0 for none
-    std::optional<std::int32_t> previousPll_; ///< VCO and charge pump before the last change of the refresh rate
+    ModeChanges changes_;
 };
 
 }

@@ -34,6 +34,9 @@ void VexlonTarget::NodeClicked(const std::string& key)
     }
     if (!node || !IsFiberChannel(key))
         return;
+    if (!board_.Host().MayDropEdits())
+        return board_.Host().View().SelectNode(name_);
+    const ModeChanges changes = mode_.Changes(); // a board that does not answer makes them unknown
     if (Connect(key)) {
         if (name_ != key)
             board_.Host().DropDataFile(); // it is the other channel's, and not to be overwritten with this one's
@@ -42,6 +45,7 @@ void VexlonTarget::NodeClicked(const std::string& key)
     } else {
         prompts.Tell("Unable to connect to " + key + ". Restoring last good target.");
         RestoreLast();
+        mode_.Changes(changes);
     }
     TakeOver();
 }
@@ -88,8 +92,9 @@ void VexlonTarget::TakeOver()
         host.Services().prompts.Tell("failure reading " + *failed + " from device " + host.Device().DeviceType() +
                                      ". Aborting read.");
     host.SelectAgain();
-    if (!failed && !host.CurrentElement().empty()) // otherwise the panel says why the element cannot be adjusted
-        host.Say("Success connecting and retrieving data.");
+    if (failed || host.CurrentElement().empty()) // the panel says why the element cannot be adjusted
+        return;
+    host.Say(image_.WasStopped() ? "Reading was stopped with Escape." : "Success connecting and retrieving data.");
 }
 
 void VexlonTarget::CatchUp()

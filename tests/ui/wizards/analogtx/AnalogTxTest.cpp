@@ -103,6 +103,9 @@ TEST_F(AnalogTxTest, ElementsAreTransferredHighestByteFirstAtTheOneSignalProcess
     EXPECT_EQ(view_.valueText, "14 ns");
     frame_.NodeClicked("Ossary-Plus");
     EXPECT_TRUE(Calls().ends_with("PingNode ReadParameter1:0x11 "));
+    Choose("Enable_DisableCOM");
+    Choose("Enable_DisableCOM"); // the board may have been changed meanwhile
+    EXPECT_GT(Split(Calls(), "ReadParameter").size(), 7U);
 }
 
 TEST_F(AnalogTxTest, SavedSettingsComeBackAndTheDataFileIsDropped)

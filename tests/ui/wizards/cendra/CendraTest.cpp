@@ -1,6 +1,7 @@
 #include "ui/wizards/cendra/Cendra.h"
 #include "base/Text.h"
 #include "comm/DemoDevice.h"
+#include "model/RegisterObject.h"
 #include "support/ExitCode.h"
 #include "support/FakeMainView.h"
 #include "support/FakeWait.h"
@@ -211,6 +212,14 @@ TEST_F(CendraTest, EachConnectorIsATargetOfItsOwn)
     Frame().NodeClicked("1product Source 2");
     EXPECT_EQ(Calls(), "R8.10 R9.11 R10.12 R8.14 R8.15 R9.11 ");
     EXPECT_GT(mainView_.valuesShown, 0);
+    const auto edited = program_->document.controller().GetI2CRegisterByName("Red_Skew");
+    edited->value(5);
+    mainView_.dropsEdits = false;
+    Frame().NodeClicked("1product Source 3");
+    EXPECT_EQ(View().node, "1product Source 2");
+    mainView_.dropsEdits = true;
+    Frame().NodeClicked("1product Source 3"); // must not get it
+    EXPECT_FALSE(edited->IsDirty());
 }
 
 TEST_F(CendraTest, AnElementOfTwoBitsetsIsWrittenFromTheUpperOne)
@@ -383,7 +392,7 @@ TEST_F(CendraTest, ThePulseWidthMovesInTensUpToItsEnds)
     Choose("IncreaseHSyncPulseWidth");
     EXPECT_EQ(View().Message(), "Horizontal Pulse Width is already at its maximum");
     Choose("DecreaseHSyncPulseWidth");
-    EXPECT_EQ(Calls(), "R0.18 W0.18=251 W0.18=255 R0.18 W0.18=245 R0.18 ");
+    EXPECT_EQ(Calls(), "R0.18 W0.18=251 R0.18 W0.18=255 R0.18 R0.18 R0.18 W0.18=245 R0.18 ");
     EXPECT_EQ(View().bar.position, 245);
 }
 

@@ -250,6 +250,66 @@ TEST_F(VexlonTest, ACommandWorksFromWhatTheBoardHolds)
     document_->controller().InitDevice("Vexlon"); // as another view may: the registers hold defaults again
     Choose("ReSync");
     EXPECT_EQ(TakeWrites(), pulse);
+    RegisterObject& mode = *document_->controller().GetI2CRegisterByName("CTL_1_MODE");
+    mode.value(0x0F); // of a file that was opened in the register window and not loaded
+    Choose("ReSync");
+    EXPECT_EQ(TakeWrites(), pulse);
+    usb_->mute = {PlaceOf("CTL_1_MODE")};
+    Choose("ReSync");
+    EXPECT_EQ(TakeWrites(), Values{});
+    EXPECT_EQ(view_.Message(), "Failed to read CTL_1_MODE");
+    usb_->mute.clear();
+    int writes = 0; // the second one does not reach the board
+    usb_->onTransfer = [&](const FakeDevice::Transfer& transfer) {
+        if (transfer.kind != FakeDevice::Kind::Write || ++writes != 2)
+            return;
+        Cell("CTL_1_MODE") = {0x65};
+        frame_.Link().ehHIDDevice_WriteFailure(0, 0);
+    };
+    Choose("ReSync");
+    TakeWrites();
+    Choose("ReSync");
+    EXPECT_EQ(TakeWrites(), pulse);
+}
+
+TEST_F(VexlonTest, EditsThatWaitForALoadStayUntilTheUserGivesThemUp)
+{
+    Start("Vexlon-Fx_Channel1", "Vexlon-Fx", {{"Red Gain", 30}});
+    files_.files["/home/a.xml"] = InitFile();
+    const auto gain = document_->controller().GetI2CRegisterByName("Red Gain");
+    gain->value(99);
+    const auto expectKept = [&] {
+        EXPECT_TRUE(gain->IsDirty());
+        EXPECT_EQ(gain->value(), 99);
+    };
+    Select("Red Gain");
+    EXPECT_EQ(view_.bar.position, 254 - 30); // the bar shows what the board holds
+    expectKept();
+    frame_.CommFailure();
+    Select("Green Gain"); // everything was read again
+    expectKept();
+    mainView_.dropsEdits = false;
+    frame_.NodeClicked("Vexlon-Fx_Channel2");
+    EXPECT_EQ(view_.node, "Vexlon-Fx_Channel1");
+    prompts_.ExpectOpenFile("/home/a.xml");
+    frame_.Open();
+    EXPECT_EQ(TakeWrites(), Values{});
+    expectKept();
+    mainView_.dropsEdits = true;
+    prompts_.ExpectOpenFile("/home/none.xml");
+    prompts_.ExpectMessage("Unable to open file /home/none.xml. See TarvexError.log for details");
+    frame_.Open();
+    EXPECT_FALSE(gain->IsDirty());
+}
+
+TEST_F(VexlonTest, EscapeEndsTheFirstReadWithoutAnotherOne)
+{
+    wait_.cancelled = true;
+    Start("Vexlon", "Vexlon");
+    EXPECT_EQ(view_.Message(), "Reading was stopped with Escape.");
+    wait_.cancelled = false;
+    Select("Contrast");
+    EXPECT_TRUE(usb_->transfers.empty());
 }
 
 TEST_F(VexlonTest, GainAnswersHoldForTheirChannelOnly)
@@ -334,7 +394,8 @@ TEST_F(VexlonTest, AFileIsAppliedOnlyToAWritablePreset)
 
 TEST_F(VexlonTest, AChannelThatDoesNotAnswerGivesWayToTheLastOne)
 {
-    Start("Vexlon-Fx_Channel1", "Vexlon-Fx");
+    Start("Vexlon-Fx_Channel1", "Vexlon-Fx", kMode1024);
+    Choose("Refresh0_5");
     for (const std::set<std::int32_t>& dead : {std::set{0x0A62}, std::set{0x0A61, 0x0A62}}) {
         usb_->deadIds = dead;
         prompts_.ExpectMessage("Unable to establish communication with Vexlon-Fx_Channel2");
@@ -342,6 +403,7 @@ TEST_F(VexlonTest, AChannelThatDoesNotAnswerGivesWayToTheLastOne)
         frame_.NodeClicked("Vexlon-Fx_Channel2");
         EXPECT_EQ(document_->controller().deviceName(), "Vexlon-Fx_Channel1");
         EXPECT_EQ(view_.disabled.contains("File"), dead.size() == 2);
+        EXPECT_EQ(view_.panels["Refresh"], dead.size() == 2 ? " " : "75Hz");
     }
     EXPECT_EQ(view_.node, "Vexlon-Fx_Channel1");
     EXPECT_EQ(errors_.entries.back().number, 201);

@@ -1,0 +1,25 @@
+#include "ui/wizards/frame/PendingEdits.h"
+
+#include "config/IConfigController.h"
+#include "model/RegisterObject.h"
+
+namespace tarvex {
+
+PendingEdits::PendingEdits(IConfigController& controller)
+{
+    for (std::int16_t i = 0; i < controller.GetI2CRegisterCount(); ++i)
+        if (const auto each = controller.GetI2CRegister(i); each->IsDirty()) {
+            edits_.emplace_back(each, each->value());
+            each->IsDirty(false); // a read within this one's life has nothing to put aside
+        }
+}
+
+PendingEdits::~PendingEdits()
+{
+    for (const auto& [target, value] : edits_) {
+        target->value(value);
+        target->IsDirty(true);
+    }
+}
+
+}

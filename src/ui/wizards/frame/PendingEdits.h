@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace tarvex {
+
+class IConfigController;
+class RegisterObject;
+
+/// Puts aside, while it lives, what was changed in the registers and not loaded into the board yet: what is read
+/// meanwhile is what the board holds, and the changes come back afterwards, marked as before.
+class PendingEdits {
+public:
+    explicit PendingEdits(IConfigController& controller);
+    ~PendingEdits();
+    PendingEdits(const PendingEdits&) = delete;
+    PendingEdits& operator=(const PendingEdits&) = delete;
+
+private:
+    std::vector<std::pair<std::shared_ptr<RegisterObject>, std::int32_t>> edits_;
+};
+
+}
