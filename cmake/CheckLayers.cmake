@@ -10,7 +10,7 @@ set(separate_rooms ui/wizards/vexlon ui/wizards/cendra ui/wizards/analogtx)
 # Files in Qt rooms that are built and tested without Qt; they know the rooms before Qt and each other.
 set(toolkit_free_files AnalogTx BitsetElements Board[A-Za-z]* Cendra[A-Za-z]* EnclosureMatch FileActions HelpTips
   HexFieldRules IRegisterView ISerialWizardDialogs ItemObject IWizard[A-Za-z]+ NavigationTree NodeIdGuard
-  PendingEdits PulseWidth RegisterTransfer RegisterWrite RtfReader RtfText SerialActions SerialTarget SerialWizardFlash
+  PulseWidth RegisterTransfer RegisterWrite RtfReader RtfText SerialActions SerialTarget SerialWizardFlash
   SerialWizardMenu SerialWizardProduct TransferStep UI_LineItem Vexlon[A-Za-z]* WizardDescription WizardElements
   WizardFiles WizardFrame[A-Za-z]* WizardLink[A-Za-z]* [A-Za-z]*Rules)
 # Headers that the build makes, and what the meta-object compiler writes beside a source.

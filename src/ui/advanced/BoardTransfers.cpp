@@ -1,6 +1,7 @@
 #include "base/Error.h"
 #include "base/Restored.h"
 #include "config/MinInitVersion.h"
+#include "config/PendingEdits.h"
 #include "model/RegisterObject.h"
 #include "shell/Document.h"
 #include "ui/advanced/BoardActions.h"
@@ -153,7 +154,11 @@ void BoardActions::ReadSingleRegister(const std::string& name)
         TellNoAnswer();
         return;
     }
-    const TransferResult result = Run({object}, &RegisterTransfer::Read);
+    TransferResult result;
+    {
+        const PendingEdits others(controller_, object.get()); // of registers that are read after this one
+        result = Run({object}, &RegisterTransfer::Read);
+    }
     ShowValues(); // the registers that depend on it were read, too
     document_.UpdateAllViews(nullptr, kRegisterChanged, name);
     Report("read", result);

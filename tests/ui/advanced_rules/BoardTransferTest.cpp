@@ -43,6 +43,11 @@ TEST_F(BoardTest, FailedReadsLeaveEveryMarkAsItWas)
     EXPECT_EQ(Register("R0").value(), 0);
     EXPECT_EQ(Status(), "4 registers read, 4 failed.");
     EXPECT_EQ(errors_.entries.size(), 4U);
+
+    usb_->raiseAt.clear();
+    board_->ReadSingleRegister("R5"); // and R7 after it, which the user did not ask for
+    EXPECT_EQ(Changed(), (Names{"R2", "R7"}));
+    EXPECT_EQ(Register("R7").value(), 0x11);
 }
 
 TEST_F(BoardTest, ARunStopsAfterMoreThanFiveFailures)

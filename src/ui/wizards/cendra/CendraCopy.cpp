@@ -1,9 +1,9 @@
 #include "ui/wizards/cendra/CendraCopy.h"
 
 #include "config/IProgress.h"
+#include "config/PendingEdits.h"
 #include "model/RegisterObject.h"
 #include "ui/wizards/cendra/CendraTree.h"
-#include "ui/wizards/frame/PendingEdits.h"
 #include "ui/wizards/frame/TransferStep.h"
 
 #include <memory>

@@ -2,9 +2,9 @@
 
 #include "base/Error.h"
 #include "config/IProgress.h"
+#include "config/PendingEdits.h"
 #include "model/RegisterObject.h"
 #include "ui/wizards/frame/IWizardHost.h"
-#include "ui/wizards/frame/PendingEdits.h"
 
 namespace tarvex {
 

@@ -4,8 +4,8 @@
 #include "base/ExitRequest.h"
 #include "comm/Errors.h"
 #include "config/IProgress.h"
+#include "config/PendingEdits.h"
 #include "shell/Document.h"
-#include "ui/wizards/frame/PendingEdits.h"
 #include "ui/wizards/frame/WizardElements.h"
 
 #include <utility>

@@ -1,14 +1,14 @@
-#include "ui/wizards/frame/PendingEdits.h"
+#include "config/PendingEdits.h"
 
 #include "config/IConfigController.h"
 #include "model/RegisterObject.h"
 
 namespace tarvex {
 
-PendingEdits::PendingEdits(IConfigController& controller)
+PendingEdits::PendingEdits(IConfigController& controller, const RegisterObject* except)
 {
     for (std::int16_t i = 0; i < controller.GetI2CRegisterCount(); ++i)
-        if (const auto each = controller.GetI2CRegister(i); each->IsDirty()) {
+        if (const auto each = controller.GetI2CRegister(i); each->IsDirty() && each.get() != except) {
             edits_.emplace_back(each, each->value());
             each->IsDirty(false); // a read within this one's life has nothing to put aside
         }
