@@ -8,10 +8,8 @@ namespace tarvex {
 PendingEdits::PendingEdits(IConfigController& controller, const RegisterObject* except)
 {
     for (std::int16_t i = 0; i < controller.GetI2CRegisterCount(); ++i)
-        if (const auto each = controller.GetI2CRegister(i); each->IsDirty() && each.get() != except) {
+        if (const auto each = controller.GetI2CRegister(i); each->IsDirty() && each.get() != except)
             edits_.emplace_back(each, each->value());
-            each->IsDirty(false); // a read within this one's life has nothing to put aside
-        }
 }
 
 PendingEdits::~PendingEdits()

@@ -10,8 +10,8 @@ namespace tarvex {
 class IConfigController;
 class RegisterObject;
 
-/// Puts aside, while it lives, what was changed in the registers and not loaded into the board yet: what is read
-/// meanwhile is what the board holds, and the changes come back afterwards, marked as before. It needs the controller
+/// Keeps what was changed in the registers and not loaded into the board yet: a register that is read or written while
+/// this lives holds what the board has, and the changes come back at its end, marked as before. It needs the controller
 /// only at its start.
 class PendingEdits {
 public:

@@ -4,6 +4,7 @@
 #include "config/PendingEdits.h"
 #include "model/RegisterObject.h"
 #include "ui/wizards/cendra/CendraTree.h"
+#include "ui/wizards/frame/RegisterWrite.h"
 #include "ui/wizards/frame/TransferStep.h"
 
 #include <memory>
@@ -54,7 +55,6 @@ bool CendraCopy::CopyTo(std::uint16_t connector)
 {
     IWizardHost& host = target_.Host();
     const auto busy = host.Services().beginBusy();
-    const PendingEdits aside(host.Controller()); // they belong to one connector, and are not in the board
     const std::int16_t count = host.Controller().GetI2CRegisterCount();
     host.View().Progress().SetRange(count, 0);
     host.Say("Copying profile to connector " + std::to_string(connector));
@@ -79,8 +79,11 @@ bool CendraCopy::CopyRegister(RegisterObject& each, std::uint16_t connector)
     const std::int16_t to = target_.AspiAt(each, connector);
     if (from == kNoAspi || to == kNoAspi) // no processor of a connector has the register
         return true;
-    return host.Read(kSource, each.Name(), [&] { each.ReadValue(host.Device(), from); }) &&
-           host.Write(kSource, each.Name(), [&] { each.WriteValue(host.Device(), to); });
+    std::int32_t value = 0;
+    if (!host.Read(kSource, each.Name(), [&] { value = each.ReadValue(host.Device(), from); }))
+        return false;
+    const PendingEdits kept(host.Controller()); // what the current connector does not hold is not copied
+    return host.Write(kSource, each.Name(), [&] { WriteRegister(host, each, value, to); });
 }
 
 }

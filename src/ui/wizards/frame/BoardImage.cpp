@@ -55,7 +55,7 @@ BoardImage::Registers BoardImage::Read(const Registers& names, std::size_t failu
     stopped_ = false;
     if (names.empty())
         return failed;
-    const PendingEdits aside(host_->Controller());
+    const PendingEdits kept(host_->Controller());
     const auto busy = host_->Services().beginBusy();
     const auto progress = host_->BeginProgress();
     host_->View().Progress().SetRange(static_cast<std::int32_t>(names.size()), 1);
@@ -67,6 +67,7 @@ BoardImage::Registers BoardImage::Read(const Registers& names, std::size_t failu
         failed.push_back(name);
     }
     stopped_ = host_->Services().wait.Cancelled();
+    whenRead_();
     return failed;
 }
 

@@ -19,7 +19,11 @@ public:
     /// Gives the ASPI argument for a read of this register; none when the target does not have it.
     using AspiOf = std::function<std::optional<std::int16_t>(const RegisterObject&)>;
 
-    explicit BoardImage(AspiOf aspiOf) : aspiOf_(std::move(aspiOf)) {}
+    /// `whenRead` is called after each reading, while the registers hold nothing that was edited.
+    explicit BoardImage(
+        AspiOf aspiOf, std::function<void()> whenRead = [] {})
+        : aspiOf_(std::move(aspiOf)), whenRead_(std::move(whenRead))
+    {}
 
     /// Hands over the frame, before everything else.
     void Attach(IWizardHost& host) { host_ = &host; }
@@ -47,6 +51,7 @@ private:
 
     IWizardHost* host_ = nullptr;
     AspiOf aspiOf_;
+    std::function<void()> whenRead_;
     bool isRead_ = false;
     bool stopped_ = false;
     Registers unread_; ///< once it is read: those that could not be

@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "base/ExitRequest.h"
+#include "base/Restored.h"
 #include "comm/Errors.h"
 #include "config/IProgress.h"
 #include "config/PendingEdits.h"
@@ -82,6 +83,8 @@ bool WizardFrame::Init(Document& document, const std::shared_ptr<IProduct>& prod
         document.controller().DataFileOpened.Subscribe([this](const std::string&, const std::string& path) {
             files_.Opened(path);
             fileLoaded_ = true;
+            if (!appliesFile_) // another view has opened it, and loads it when the user says so
+                product_.Image().Forget();
         }));
     subscriptions_.push_back(document.controller().CurrentProductChanged.Subscribe(
         [this](std::int32_t, std::int32_t, const std::string&) { product_.Image().Forget(); }));
@@ -150,6 +153,7 @@ void WizardFrame::Open()
 bool WizardFrame::ApplyFile(const std::string& path)
 {
     fileLoaded_ = false;
+    const Restored<bool> applies(appliesFile_, true);
     const auto forget = [this] {
         if (!fileLoaded_)
             return;
@@ -271,7 +275,7 @@ bool WizardFrame::Write(const std::string& source, const std::string& what, cons
 bool WizardFrame::Read(const std::string& source, const std::string& what, const std::function<void()>& reads)
 {
     return Transfer(kErrReadFailed, source, "Failed to read " + what, [&] {
-        const PendingEdits aside(Controller());
+        const PendingEdits kept(Controller());
         reads();
     });
 }

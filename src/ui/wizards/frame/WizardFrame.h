@@ -129,7 +129,8 @@ private:
     std::string current_;
     BarHistory history_;
     bool reversed_ = false;
-    bool fileLoaded_ = false; ///< the registers were made from a data file since the last Open began
+    bool appliesFile_ = false; ///< a file is being put onto the board
+    bool fileLoaded_ = false;  ///< the registers were made from a data file since the last Open began
 
     std::vector<Subscription> subscriptions_;
 };

@@ -101,10 +101,4 @@ std::string Vexlon::HelpPicture(const std::string& element)
 
 bool Vexlon::OpenFile(const std::string& path) { return BoardLoading(board_.Host(), "Vexlon", kNoAspi).Load(path); }
 
-void Vexlon::FileOpened()
-{
-    mode_.ReadBackResolution();
-    mode_.ForgetChanges();
-}
-
 }

@@ -33,7 +33,6 @@ public:
             mode_.ForgetChanges();
     }
     BoardImage& Image() override { return image_; }
-    void CatchUp() override { target_.CatchUp(); }
     void NodeClicked(const std::string& key) override { target_.NodeClicked(key); }
     bool UpdateUI(std::int32_t kind, const std::string& name) override;
 
@@ -45,7 +44,7 @@ public:
 
     void Undo(std::int32_t code) override { mode_.Undo(code); }
     bool OpenFile(const std::string& path) override;
-    void FileOpened() override;
+    void FileOpened() override { mode_.ForgetChanges(); }
 
 private:
     /// What a menu entry does once the link stands and the registers hold what the board has.
@@ -55,7 +54,7 @@ private:
 
     VexlonBoard board_;
     VexlonMode mode_{board_};
-    BoardImage image_{[](const RegisterObject&) { return kNoAspi; }};
+    BoardImage image_{[](const RegisterObject&) { return kNoAspi; }, [this] { mode_.ReadBackResolution(); }};
     VexlonTarget target_{board_, mode_, image_};
     VexlonValues values_{board_};
     VexlonCommands commands_{board_};

@@ -87,7 +87,6 @@ void VexlonTarget::TakeOver()
 {
     IWizardHost& host = board_.Host();
     const auto failed = image_.ReadAll();
-    mode_.ReadBackResolution();
     if (failed)
         host.Services().prompts.Tell("failure reading " + *failed + " from device " + host.Device().DeviceType() +
                                      ". Aborting read.");
@@ -95,12 +94,6 @@ void VexlonTarget::TakeOver()
     if (failed || host.CurrentElement().empty()) // the panel says why the element cannot be adjusted
         return;
     host.Say(image_.WasStopped() ? "Reading was stopped with Escape." : "Success connecting and retrieving data.");
-}
-
-void VexlonTarget::CatchUp()
-{
-    if (image_.CatchUp())
-        mode_.ReadBackResolution();
 }
 
 }

@@ -25,8 +25,6 @@ public:
     const std::string& Name() const { return name_; }
     /// True while the tree stands at a node with channels below it.
     bool NeedsChannel() const;
-    /// Reads all registers where they do not hold what the board has, and shows the resolution that is in them.
-    void CatchUp();
 
 private:
     bool Connect(const std::string& device);

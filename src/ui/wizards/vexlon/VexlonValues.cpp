@@ -30,7 +30,7 @@ std::int32_t VexlonValues::Read(const std::string& element) const
     if (known->mapping == Mapping::Brightness)
         return BrightnessOf(ReadOffsets());
     if (known->mapping == Mapping::Contrast)
-        return ContrastOf(Colours(kGains)); // the gains as they stand: they are the elements beside it
+        return ContrastOf(ReadGains());
     const std::int32_t first = board_.Read(known->first);
     return ValueFromRegisters(*known, first, known->second ? board_.Read(known->second) : 0);
 }
@@ -72,6 +72,15 @@ ColourRegisters VexlonValues::ReadOffsets() const
     return Colours(kOffsets);
 }
 
+/// The gains as they stand, since they are the elements beside this one; but not what was edited and not loaded.
+ColourRegisters VexlonValues::ReadGains() const
+{
+    for (const char* name : kGains)
+        if (board_.Register(name).IsDirty())
+            board_.Read(name);
+    return Colours(kGains);
+}
+
 bool VexlonValues::WriteBrightness(std::int32_t value) const
 {
     ColourRegisters offsets{};
@@ -84,8 +93,12 @@ bool VexlonValues::WriteBrightness(std::int32_t value) const
 
 bool VexlonValues::WriteContrast(std::int32_t value, GainAnswers& answers) const
 {
+    ColourRegisters gains{};
+    const auto read = [&] { gains = ReadGains(); };
+    if (!board_.Host().Read("Vexlon_Wizard::GetContrast", "Contrast", read))
+        return false;
     const auto ask = [this](std::size_t i) { return AskToLoseDifference(board_.Register(kGains[i]).Name()); };
-    const auto planned = PlanContrast(value, Colours(kGains), answers, ask);
+    const auto planned = PlanContrast(value, gains, answers, ask);
     if (planned)
         WriteColours(kGains, *planned);
     return planned.has_value();

@@ -28,6 +28,7 @@ private:
     ColourRegisters Colours(const ColourNames& names) const;
     void WriteColours(const ColourNames& names, const ColourValues& values) const;
     ColourRegisters ReadOffsets() const;
+    ColourRegisters ReadGains() const;
     bool WriteBrightness(std::int32_t value) const;
     bool WriteContrast(std::int32_t value, GainAnswers& answers) const;
     GainAnswer AskToLoseDifference(const std::string& gain) const;

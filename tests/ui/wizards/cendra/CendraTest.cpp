@@ -248,8 +248,11 @@ TEST_F(CendraTest, CopyReadsFromOneConnectorAndWritesToThree)
     EXPECT_FALSE(View().disabled.contains("Selected"));
     View().checkedNodes = {
         "root", "1product", "1product Source 1", "1product Source 2", "1product Source 3", "1product Source 9"};
+    const auto edited = program_->document.controller().GetI2CRegisterByName("Red_Skew");
+    edited->value(9); // and not in the board
     prompts_.ExpectMessage("error writing register for connector 2 to Cendra");
     Choose("LoadAllConfigElements");
+    EXPECT_EQ(edited->value(), 9);
     EXPECT_EQ(Calls(), "R0.10 W8.10=0 R1.11 W9.11=0 R2.12 W10.12=0 R0.14 W8.14=32 R0.15 W8.15=64 "
                        "R0.10 W16.10=0 R1.11 W17.11=0 R2.12 W18.12=0 R0.14 W16.14=32 R0.15 W16.15=64 "
                        "R0.10 W64.10=0 R1.11 W65.11=0 R2.12 W66.12=0 R0.14 W64.14=32 R0.15 W64.15=64 ");

@@ -285,8 +285,11 @@ TEST_F(VexlonTest, EditsThatWaitForALoadStayUntilTheUserGivesThemUp)
     Select("Red Gain");
     EXPECT_EQ(view_.bar.position, 254 - 30); // the bar shows what the board holds
     expectKept();
+    document_->controller().GetI2CRegisterByName("DE_CNT LSB")->value(8);
     frame_.CommFailure();
-    Select("Green Gain"); // everything was read again
+    Select("Contrast"); // everything was read again
+    EXPECT_EQ(view_.bar.position, 254 - 30 / 3);
+    EXPECT_EQ(view_.panels["Resolution"], "0x0");
     expectKept();
     mainView_.dropsEdits = false;
     frame_.NodeClicked("Vexlon-Fx_Channel2");
