@@ -209,7 +209,14 @@ void AdvancedForm::LockRealTime()
     CHK_RealTime->setEnabled(false);
 }
 
-void AdvancedForm::SetAsSecondaryView(bool secondary) { board_->SetAsSecondaryView(secondary); }
+void AdvancedForm::SetAsSecondaryView(bool secondary)
+{
+    board_->SetAsSecondaryView(secondary);
+    for (QLineEdit* field : {TXT_ZorbusID, TXT_ChannelNum}) { // the wizard adjusts the connector that they show
+        field->setReadOnly(secondary);
+        field->setToolTip(secondary ? "Chosen in the window of the product" : "");
+    }
+}
 
 void AdvancedForm::SetPrefAutoConnect(bool on)
 {

@@ -47,7 +47,10 @@ void BoardActions::SelectProduct(const std::string& product)
 {
     if (product == controller_.deviceName())
         return;
-    if (!MayDropEdits()) {
+    if (secondaryView_)
+        Tell(controller_.deviceName() + " stays in use while its window is open. Start Tarvex without that window to "
+                                        "choose another product.");
+    if (secondaryView_ || !MayDropEdits()) {
         ShowProducts(); // the mark stays on the product in use
         return;
     }
@@ -81,6 +84,11 @@ void BoardActions::SelectLink(const std::string& link)
 bool BoardActions::OpenDataFile(const std::string& path)
 {
     const UserAction action(*this);
+    if (secondaryView_ && IsOfOtherProduct(path)) {
+        const std::string reason = ", which stays in use while its window is open.";
+        Tell(path + " holds no settings of " + controller_.deviceName() + reason);
+        return false;
+    }
     if (!controller_.InitDeviceFromFile(path)) {
         Tell("Unable to open file " + path + ". See TarvexError.log for details");
         return false;
@@ -163,6 +171,17 @@ void BoardActions::FileOpened(const std::string& product, const std::string& pat
     }
     const bool isMeant = !otherProduct || (firstProduct && IsOnlyDeviceOfItsMap(product));
     loadWanted_ = inUserAction_ && services_.preferences.autoLoadFileOpen && isMeant;
+}
+
+/// False also for a file that cannot be used, which the opening finds.
+bool BoardActions::IsOfOtherProduct(const std::string& path) const
+{
+    try {
+        const TarvexData& files = *document_.initFile();
+        return files.CheckFileVersion(path) && !files.CheckForProduct(path, controller_.deviceName());
+    } catch (const Error&) {
+        return false;
+    }
 }
 
 /// A file does not tell the devices of one map apart.

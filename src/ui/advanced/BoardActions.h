@@ -45,7 +45,7 @@ public:
     ~BoardActions();
 
     /// A product of the product menu. Raises 101 for one that the init file does not have; errors of the init file
-    /// reach the caller. The product in use already changes nothing.
+    /// reach the caller. The product in use already changes nothing, and beside a wizard it stays.
     void SelectProduct(const std::string& product);
     /// A link of the communication menu.
     void SelectLink(const std::string& link);
@@ -107,6 +107,7 @@ private:
     void LinkConnected();
     void SwitchLink(const std::string& link);
     void FileOpened(const std::string& product, const std::string& path);
+    bool IsOfOtherProduct(const std::string& path) const;
     bool IsOnlyDeviceOfItsMap(const std::string& product);
     void ChooseLinkForProduct(const std::string& product);
     void ShowProducts();

@@ -57,6 +57,22 @@ TEST_F(BoardFiles, AFileOfTheCurrentProductWaitsForALoad)
     EXPECT_EQ(usb_->transfers[0].bytes, Bytes{0x3C});
 }
 
+TEST_F(BoardFiles, BesideAWizardItsProductStays)
+{
+    StartBesideWizard();
+    board_->SetAsSecondaryView(true);
+    prompts_.ExpectMessage("Vexlon stays in use while its window is open. Start Tarvex without that window to choose "
+                           "another product.");
+    board_->SelectProduct("Cendra");
+    prompts_.ExpectMessage("/data/fx.xml holds no settings of Vexlon, which stays in use while its window is open.");
+    EXPECT_FALSE(board_->OpenDataFile("/data/fx.xml"));
+    files_.files["/data/torn.xml"] = "<TarvexData>";
+    prompts_.ExpectMessage("Unable to open file /data/torn.xml. See TarvexError.log for details");
+    EXPECT_FALSE(board_->OpenDataFile("/data/torn.xml"));
+    EXPECT_TRUE(board_->OpenDataFile("/data/vexlon.xml"));
+    EXPECT_EQ(document_->controller().deviceName(), "Vexlon");
+}
+
 TEST_F(BoardFiles, AFileOfAnotherProductChoosesItsLinkAndKeepsItsValues)
 {
     preferences_.autoLoadFileOpen = preferences_.autoConnect = true;
