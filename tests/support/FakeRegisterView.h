@@ -21,6 +21,7 @@ public:
         echo();
     }
     void ShowAllValues() override { echo(); }
+    void ShowMarks() override { ++marksShown; }
     bool RealTime() const override { return realTime; }
     void RealTime(bool on) override { realTime = on; }
     void EnableTransfers(bool enabled) override { transfersEnabled = enabled; }
@@ -41,6 +42,7 @@ public:
     bool realTime = false;
     std::function<void()> echo = [] {}; ///< what the grid reports while it takes new values
     int fills = 0;
+    int marksShown = 0;
     std::vector<std::int16_t> shownRows;
     bool transfersEnabled = false;
     ProductRules rules{"", false, false};

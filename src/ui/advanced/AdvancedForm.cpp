@@ -275,6 +275,8 @@ void AdvancedForm::ShowValue(std::int16_t position) { grid_->ShowValue(document_
 
 void AdvancedForm::ShowAllValues() { grid_->ShowAllValues(document_->controller()); }
 
+void AdvancedForm::ShowMarks() { grid_->ShowMarks(document_->controller()); }
+
 bool AdvancedForm::RealTime() const { return CHK_RealTime->isChecked(); }
 
 void AdvancedForm::RealTime(bool on)

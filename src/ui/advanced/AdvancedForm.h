@@ -109,6 +109,7 @@ private:
     void FillGrid() override;
     void ShowValue(std::int16_t position) override;
     void ShowAllValues() override;
+    void ShowMarks() override;
     bool RealTime() const override;
     void RealTime(bool on) override;
     void ShowRules(const ProductRules& rules) override;

@@ -140,6 +140,7 @@ void BoardActions::LoadConfiguration()
 void BoardActions::Write(const Registers& registers)
 {
     const TransferResult result = Run(registers, &RegisterTransfer::Write);
+    view_.ShowMarks();
     document_.UpdateAllViews(nullptr, kEverythingChanged, "");
     Report("written", result);
 }
@@ -182,6 +183,7 @@ void BoardActions::EditRegister(const std::string& name, std::int32_t value)
     modified_ = modified_ || changed;
     if (ready_ && view_.RealTime() && (changed || !secondaryView_))
         WriteOne(object);
+    view_.ShowMarks();
 }
 
 void BoardActions::WriteOne(const std::shared_ptr<RegisterObject>& object)

@@ -130,6 +130,7 @@ void GridPanel::FillRow(std::int16_t position, const RegisterObject& shown)
     const bool tooWide = shown.MaxBits() > kBitsOfRow;
     RegisterDisplay1->SetRegister(position, shown.Name(), ToHex(shown.Address()), shown.value());
     RegisterDisplay1->SetRegisterPrompt(position, TipOf(shown));
+    RegisterDisplay1->SetRegisterMark(position, shown.IsDirty());
     if (tooWide) {
         RegisterDisplay1->SetRegisterTooWide(position);
         return;
@@ -145,6 +146,7 @@ void GridPanel::ShowRowValue(std::int16_t position, const RegisterObject& shown)
     if (shown.MaxBits() > kBitsOfRow)
         RegisterDisplay1->SetRegisterPrompt(position, TipOf(shown));
     RegisterDisplay1->SetRegisterValue(position, shown.value());
+    RegisterDisplay1->SetRegisterMark(position, shown.IsDirty());
 }
 
 void GridPanel::ShowValue(IConfigController& controller, std::int16_t position)
@@ -158,6 +160,13 @@ void GridPanel::ShowAllValues(IConfigController& controller)
     const std::int16_t count = std::min(controller.GetI2CRegisterCount(), RegisterDisplay1->ItemCount());
     for (std::int16_t i = 0; i < count; ++i)
         ShowValue(controller, i);
+}
+
+void GridPanel::ShowMarks(IConfigController& controller)
+{
+    const std::int16_t count = std::min(controller.GetI2CRegisterCount(), RegisterDisplay1->ItemCount());
+    for (std::int16_t i = 0; i < count; ++i)
+        RegisterDisplay1->SetRegisterMark(i, controller.GetI2CRegister(i)->IsDirty());
 }
 
 void GridPanel::SetScrollRange()

@@ -33,6 +33,8 @@ public:
     void Fill(IConfigController& controller);
     void ShowValue(IConfigController& controller, std::int16_t position);
     void ShowAllValues(IConfigController& controller);
+    /// Shows which registers were changed and not loaded into the board.
+    void ShowMarks(IConfigController& controller);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

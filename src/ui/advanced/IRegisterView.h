@@ -27,6 +27,8 @@ public:
     /// Shows the value of one register, by its position, or of all.
     virtual void ShowValue(std::int16_t position) = 0;
     virtual void ShowAllValues() = 0;
+    /// Shows which registers were changed and not loaded into the board; the three above show that, too.
+    virtual void ShowMarks() = 0;
     virtual bool RealTime() const = 0;
     /// Ticks or unticks "Real Time Update" without asking the board.
     virtual void RealTime(bool on) = 0;

@@ -18,6 +18,7 @@ void ItemObject::Init(std::int16_t index, std::string name, std::string group, s
     rowType_ = rowType;
     texts_ = {};
     restrictions_.fill(0);
+    marked_ = false;
 }
 
 void ItemObject::Update(std::string name, std::string group, std::int32_t value)

@@ -57,6 +57,10 @@ public:
     /// Lets the item hold a value of any width.
     void SetTooWide();
 
+    /// Whether the value was changed and not loaded into the board.
+    bool IsMarked() const { return marked_; }
+    void IsMarked(bool marked) { marked_ = marked; }
+
     std::string NameToolTip() const { return std::string(texts_.Get(kNameTip)); }
     void NameToolTip(const std::string& text);
     std::string GroupToolTip() const { return std::string(texts_.Get(kGroupTip)); }
@@ -87,6 +91,7 @@ private:
     std::int32_t maximum_ = kMaxRowValue;
     std::int32_t minimum_ = 0;
     std::int16_t index_ = 0;
+    bool marked_ = false;
 };
 
 }

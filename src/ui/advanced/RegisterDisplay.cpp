@@ -102,6 +102,13 @@ void RegisterDisplay::SetRegisterPrompt(std::int16_t index, const std::string& t
     ItemAt(index).NameToolTip(text);
 }
 
+void RegisterDisplay::SetRegisterMark(std::int16_t index, bool marked)
+{
+    ItemAt(index).IsMarked(marked);
+    if (InView(index))
+        RowOf(index).ShowMark(marked);
+}
+
 void RegisterDisplay::SetBitInputStatus(std::int16_t index, std::int16_t bit, std::int16_t flags)
 {
     ItemAt(index).SetRestrictedBit(bit, flags);
@@ -154,6 +161,7 @@ void RegisterDisplay::FillRow(int item)
     row.GroupCaption(source ? source->Group() : "");
     row.SetNameToolTip(source ? source->NameToolTip() : "");
     row.SetGroupToolTip(source ? source->GroupToolTip() : "");
+    row.ShowMark(source && source->IsMarked());
     if (!source || source->IsTooWide()) {
         row.ShowWithoutBits(source ? source->value() : 0);
         return;

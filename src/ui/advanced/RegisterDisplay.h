@@ -37,10 +37,12 @@ public:
 
     /// Scrolls to the top and makes room for this many empty items; raises 0x80040001 for 0 or less.
     void CreateRegisters(std::int16_t count);
-    /// Raises 0x80040001 for an index outside the items, as do the next four.
+    /// Raises 0x80040001 for an index outside the items, as do the next five.
     void SetRegister(std::int16_t index, const std::string& name, const std::string& group, std::int32_t value);
     void SetRegisterValue(std::int16_t index, std::int32_t value);
     void SetRegisterPrompt(std::int16_t index, const std::string& text);
+    /// Marks the register as changed and not loaded into the board.
+    void SetRegisterMark(std::int16_t index, bool marked);
     void SetBitInputStatus(std::int16_t index, std::int16_t bit, std::int16_t flags);
     void SetBitPrompt(std::int16_t index, std::int16_t bit, const std::string& text);
     /// Locks the whole row and leaves its bits empty: for a register that is wider than the eight bits of a row.

@@ -55,6 +55,14 @@ void UI_RegisterItem::ShowWithoutBits(std::int32_t value)
     HexField1->HexText(ToHex(value));
 }
 
+void UI_RegisterItem::ShowMark(bool marked)
+{
+    if (!NameLabel->Mark(marked))
+        return;
+    setAccessibleDescription(marked ? kChanged : "");
+    Control(0)->setAccessibleDescription(accessibleDescription());
+}
+
 void UI_RegisterItem::Arrange(const UI_RegisterItemLayout& layout)
 {
     resize(layout.width, layout.rowHeight);

@@ -34,6 +34,8 @@ public:
 
     /// Sets the tool tip of a bit cell; raises 0x80040001 for a bit outside the row.
     void SetBitToolTip(std::int16_t bit, const std::string& text);
+    /// Shows the name as that of a register which was changed and not loaded into the board.
+    void ShowMark(bool marked);
     /// Forgets the register shown before, with the user's undo steps.
     void Clear();
     /// Shows a value and no bits, all locked, until the row is cleared: for a value that has more bits than the row.

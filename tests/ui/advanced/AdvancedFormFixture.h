@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollBar>
 
 #include <fstream>
 
@@ -101,6 +102,15 @@ protected:
         return rows;
     }
     static QString NameOf(const QWidget& row) { return row.findChild<QLabel*>("NameLabel")->text(); }
+    /// The registers in view that are shown as changed and not loaded.
+    QStringList Marked()
+    {
+        QStringList names;
+        for (QWidget* row : Rows())
+            if (!row->accessibleDescription().isEmpty())
+                names << NameOf(*row);
+        return names;
+    }
     QWidget& Row(const QString& name)
     {
         for (QWidget* row : Rows())

@@ -18,8 +18,13 @@ TEST_F(AdvancedFormTest, RegistersAreSetByValueAndByBitAndComeBackFromTheBoard)
     EXPECT_EQ(Bit("Red Gain", 5).text() + Bit("Red Gain", 0).text(), "10");
     QTest::mouseClick(&Bit("Green Gain", 7), Qt::LeftButton);
     EXPECT_EQ(Value("Green Gain").text(), "81");
+    EXPECT_EQ(Marked(), (QStringList{"Red Gain", "Green Gain"}));
+    Find<QScrollBar>("VScroll1").setValue(2); // the rows show other registers
+    EXPECT_EQ(Marked(), QStringList("Green Gain"));
+    Find<QScrollBar>("VScroll1").setValue(0);
     Click("BTN_Load");
     EXPECT_EQ(Status(), "2 registers written, none failed.");
+    EXPECT_EQ(Marked(), QStringList());
 
     Type("Red Gain", "FF");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_F5);
