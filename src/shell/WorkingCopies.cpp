@@ -1,6 +1,7 @@
 #include "shell/WorkingCopies.h"
 
 #include "base/Text.h"
+#include "platform/xml/XmlGuard.h"
 
 #include <algorithm>
 #include <charconv>
@@ -56,8 +57,20 @@ void WorkingCopies::SweepLeftovers(const std::string& initFilepath)
     const std::string folder = files_.TemporaryFolder();
     for (const std::string& name : files_.ListFolder(folder)) {
         const std::string path = std::string(folder).append("/").append(name);
-        if (IsLeftover(name, stem) && files_.IsOwnWorkingFile(path))
+        if (IsLeftover(name, stem) && files_.IsOwnWorkingFile(path) && IsOnlyACopy(path, initFilepath))
             files_.Remove(path);
+    }
+}
+
+/// The user may have given a file of his own such a name.
+bool WorkingCopies::IsOnlyACopy(const std::string& path, const std::string& initFilepath) const
+{
+    if (StemOf(path).ends_with(kTemporarySave))
+        return true;
+    try {
+        return files_.ReadWholeFile(path, kXmlMaxBytes) == files_.ReadWholeFile(initFilepath, kXmlMaxBytes);
+    } catch (const std::exception&) {
+        return false;
     }
 }
 

@@ -22,7 +22,8 @@ public:
     /// all the same.
     std::string MakeTempCopy(const std::string& source, const std::string& suffix);
 
-    /// Deletes copies of the init file that processes left behind which live no longer.
+    /// Deletes copies of the init file that processes left behind which live no longer. One that differs from the init
+    /// file of now stays: it may be anybody's.
     void SweepLeftovers(const std::string& initFilepath);
 
     /// True for a copy that this process made.
@@ -33,6 +34,7 @@ public:
 
 private:
     bool IsLeftover(std::string_view name, std::string_view stem);
+    bool IsOnlyACopy(const std::string& path, const std::string& initFilepath) const;
 
     IFileSystem& files_;
     std::vector<std::string> created_;

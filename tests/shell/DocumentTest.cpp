@@ -79,7 +79,7 @@ TEST_F(DocumentRun, DoesNotReadWhatStandsInPlaceOfItsCopy)
 
 TEST_F(DocumentRun, ShowsTheMainWindowOnTheDemoLink)
 {
-    files_.files["/tmp/Tarvex7.xml"] = "left behind by a process that is gone";
+    files_.files["/tmp/Tarvex7.xml"] = InitFile(); // left behind by a process that is gone
     EXPECT_EQ(Run(""), std::nullopt);
     EXPECT_EQ(TakeJournal(), (Lines{"Demo device: made", "main: Init Demo device", "main: ShowView"}));
     EXPECT_EQ(state_.g_initFileInfo, "Init file version: 2.5.0 (/prog/Tarvex.xml)");

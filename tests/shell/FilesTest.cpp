@@ -111,6 +111,7 @@ TEST(WorkingCopies, SweepOnlyWhatDeadProcessesLeft)
         {"/tmp/Tarvex7.xml", ""},     {"/tmp/Tarvex.xml", ""},      {"/tmp/Tarvex8x.xml", ""},
         {"/tmp/TarvexData8.xml", ""}, {"/tmp/Tarvex8.xml.bak", ""}, {"/tmp/Board8.xml", ""},
         {"/tmp/sub/Tarvex8.xml", ""}, {"/home/Tarvex8.xml", ""},    {"/tmp/Tarvex99999999999999999999.xml", ""},
+        {"/tmp/Tarvex9.xml", "mine"}, {"/prog/Tarvex.xml", ""},
     };
     files.files = staying;
     files.files["/tmp/Tarvex8.xml"] = "";
