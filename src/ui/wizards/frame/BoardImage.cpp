@@ -67,7 +67,8 @@ BoardImage::Registers BoardImage::Read(const Registers& names, std::size_t failu
         failed.push_back(name);
     }
     stopped_ = host_->Services().wait.Cancelled();
-    whenRead_();
+    if (whenRead_)
+        whenRead_();
     return failed;
 }
 

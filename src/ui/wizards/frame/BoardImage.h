@@ -20,8 +20,7 @@ public:
     using AspiOf = std::function<std::optional<std::int16_t>(const RegisterObject&)>;
 
     /// `whenRead` is called after each reading, while the registers hold nothing that was edited.
-    explicit BoardImage(
-        AspiOf aspiOf, std::function<void()> whenRead = [] {})
+    explicit BoardImage(AspiOf aspiOf, std::function<void()> whenRead = nullptr)
         : aspiOf_(std::move(aspiOf)), whenRead_(std::move(whenRead))
     {}
 
