@@ -68,7 +68,7 @@ BoardImage::Registers BoardImage::Read(const Registers& names, std::size_t failu
     }
     stopped_ = host_->Services().wait.Cancelled();
     if (whenRead_)
-        whenRead_();
+        whenRead_(failed);
     return failed;
 }
 

@@ -19,8 +19,10 @@ public:
     /// Gives the ASPI argument for a read of this register; none when the target does not have it.
     using AspiOf = std::function<std::optional<std::int16_t>(const RegisterObject&)>;
 
-    /// `whenRead` is called after each reading, while the registers hold nothing that was edited.
-    explicit BoardImage(AspiOf aspiOf, std::function<void()> whenRead = nullptr)
+    /// Told after each reading which registers could not be read, while the others hold nothing that was edited.
+    using WhenRead = std::function<void(const std::vector<std::string>& failed)>;
+
+    explicit BoardImage(AspiOf aspiOf, WhenRead whenRead = nullptr)
         : aspiOf_(std::move(aspiOf)), whenRead_(std::move(whenRead))
     {}
 
@@ -50,7 +52,7 @@ private:
 
     IWizardHost* host_ = nullptr;
     AspiOf aspiOf_;
-    std::function<void()> whenRead_;
+    WhenRead whenRead_;
     bool isRead_ = false;
     bool stopped_ = false;
     Registers unread_; ///< once it is read: those that could not be

@@ -27,11 +27,6 @@ public:
     void Attach(IWizardHost& host) override { board_.Attach(host); }
     bool Init(const std::shared_ptr<IProduct>&) override { return true; }
     void SetCurrentProduct(const std::string& product) override { target_.Show(product); }
-    void MenusEnabled(bool enabled) override
-    {
-        if (!enabled)
-            mode_.ForgetChanges();
-    }
     BoardImage& Image() override { return image_; }
     void NodeClicked(const std::string& key) override { target_.NodeClicked(key); }
     bool UpdateUI(std::int32_t kind, const std::string& name) override;
@@ -54,7 +49,8 @@ private:
 
     VexlonBoard board_;
     VexlonMode mode_{board_};
-    BoardImage image_{[](const RegisterObject&) { return kNoAspi; }, [this] { mode_.ReadBackResolution(); }};
+    BoardImage image_{[](const RegisterObject&) { return kNoAspi; },
+                      [this](const auto& failed) { mode_.BoardWasRead(failed); }};
     VexlonTarget target_{board_, mode_, image_};
     VexlonValues values_{board_};
     VexlonCommands commands_{board_};

@@ -11,6 +11,7 @@ namespace tarvex {
 namespace {
 
 constexpr const char* kPll = "VCO/CPMP";
+constexpr std::int32_t kPllBits = 0xF8; ///< the other ones are not ours
 constexpr const char* kResolutionPanel = "Resolution";
 constexpr const char* kRefreshPanel = "Refresh";
 constexpr std::int16_t kWidthLimit = 1601;
@@ -121,16 +122,41 @@ std::optional<std::uint8_t> VexlonMode::PllByteOrSayWhy(Resolution resolution, s
 
 void VexlonMode::Undo(std::int32_t code)
 {
+    if (!board_.Host().EnsureLink()) // before that it is not known whether the board has kept its mode
+        return;
     if (code == kUndoResolution)
         UndoResolution();
     else if (code == kUndoRefresh)
         UndoRefresh();
 }
 
-void VexlonMode::Changes(const ModeChanges& changes)
+void VexlonMode::ForgetChanges()
 {
-    changes_ = changes;
+    changes_ = {};
     ShowRefresh();
+}
+
+void VexlonMode::BoardWasRead(const std::vector<std::string>& failed)
+{
+    const Resolution before = resolution_;
+    ReadBackResolution();
+    if (resolution_ != before || !HasKeptMode(failed))
+        ForgetChanges();
+}
+
+bool VexlonMode::HasKeptMode(const std::vector<std::string>& failed) const
+{
+    const auto isOfMode = [](const std::string& name) { return name == kPll || IsPartOfResolution(name); };
+    if (std::any_of(failed.begin(), failed.end(), isOfMode))
+        return false;
+    if (changes_.refresh == kUnknownRefresh)
+        return true;
+    try {
+        const std::int32_t set = VcoChargePumpByte(resolution_, changes_.refresh);
+        return (board_.Value(kPll) & kPllBits) == (set & kPllBits);
+    } catch (const Error&) { // no mode that could have been set here
+        return false;
+    }
 }
 
 void VexlonMode::UndoResolution()

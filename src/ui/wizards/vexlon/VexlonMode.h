@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tarvex {
 
@@ -35,12 +36,12 @@ public:
     void ChooseRefresh(const std::string& text);
     /// Takes back the last change of a code.
     void Undo(std::int32_t code);
-    /// What was changed here, to be handed back when the board turns out to have kept it.
-    const ModeChanges& Changes() const { return changes_; }
-    void Changes(const ModeChanges& changes);
     /// The board has other settings than those made here, or is another one: what was changed is not undone there, and
     /// its refresh rate is not known.
-    void ForgetChanges() { Changes({}); }
+    void ForgetChanges();
+    /// The registers hold what the board has, but for these: shows the resolution. A board that was lost and has come
+    /// back with another mode counts as another one.
+    void BoardWasRead(const std::vector<std::string>& failed);
 
     /// Whether a register holds a part of the resolution.
     static bool IsPartOfResolution(const std::string& registerName);
@@ -48,6 +49,7 @@ public:
     void ReadBackResolution();
 
 private:
+    bool HasKeptMode(const std::vector<std::string>& failed) const;
     bool SetResolution(Resolution wanted);
     bool WriteResolution(Resolution wanted);
     void ProgramPll(std::int16_t refresh);

@@ -36,7 +36,6 @@ void VexlonTarget::NodeClicked(const std::string& key)
         return;
     if (!board_.Host().MayDropEdits())
         return board_.Host().View().SelectNode(name_);
-    const ModeChanges changes = mode_.Changes(); // a board that does not answer makes them unknown
     if (Connect(key)) {
         if (name_ != key)
             board_.Host().DropDataFile(); // it is the other channel's, and not to be overwritten with this one's
@@ -45,7 +44,6 @@ void VexlonTarget::NodeClicked(const std::string& key)
     } else {
         prompts.Tell("Unable to connect to " + key + ". Restoring last good target.");
         RestoreLast();
-        mode_.Changes(changes);
     }
     TakeOver();
 }

@@ -178,6 +178,28 @@ TEST_F(VexlonTest, ResolutionAndRefreshAreUndoneOnce)
     EXPECT_EQ(view_.Message(), "Undoing Brightness");
 }
 
+TEST_F(VexlonTest, ABoardThatComesBackWithItsModeKeepsRefreshAndUndo)
+{
+    Start("Vexlon", "Vexlon", kMode1024);
+    Choose("Refresh0_5");
+    TakeWrites();
+    frame_.CommFailure();
+    frame_.Undo();
+    EXPECT_EQ(TakeWrites(), (Values{{"VCO/CPMP", 0x60}}));
+    for (const char* other : {"VCO/CPMP", "DE_LIN MSB"}) {
+        Fill(kMode1024);
+        frame_.UpdateUI(kRegisterChanged, "DE_LIN MSB");
+        Choose("Refresh0_5");
+        TakeWrites();
+        frame_.CommFailure();
+        Fill({{other, 1}}); // the board was switched off, or is another one
+        frame_.Undo();
+        EXPECT_EQ(view_.Message(), "No refresh to undo.") << other;
+        EXPECT_EQ(view_.panels["Refresh"], " ");
+        EXPECT_EQ(TakeWrites(), Values{});
+    }
+}
+
 TEST_F(VexlonTest, AFailedPllWriteKeepsTheRefreshAndAnUnknownSizeWritesNothing)
 {
     Start("Vexlon", "Vexlon", {{"DE_CNT MSB", 0xFF}});
@@ -406,7 +428,7 @@ TEST_F(VexlonTest, AChannelThatDoesNotAnswerGivesWayToTheLastOne)
         frame_.NodeClicked("Vexlon-Fx_Channel2");
         EXPECT_EQ(document_->controller().deviceName(), "Vexlon-Fx_Channel1");
         EXPECT_EQ(view_.disabled.contains("File"), dead.size() == 2);
-        EXPECT_EQ(view_.panels["Refresh"], dead.size() == 2 ? " " : "75Hz");
+        EXPECT_EQ(view_.panels["Refresh"], "75Hz");
     }
     EXPECT_EQ(view_.node, "Vexlon-Fx_Channel1");
     EXPECT_EQ(errors_.entries.back().number, 201);
