@@ -6,25 +6,25 @@
 
 namespace tarvex {
 
-void ItemObject::Init(std::int16_t index, std::string name, std::string group, std::int32_t value, std::int32_t maximum,
-                      std::int32_t minimum, std::string_view rowType)
+void ItemObject::Init(std::int16_t index, std::string name, const std::string& group, std::int32_t value,
+                      std::int32_t maximum, std::int32_t minimum, std::string_view rowType)
 {
     index_ = index;
     name_ = std::move(name);
-    group_ = std::move(group);
     value_ = value;
     maximum_ = maximum;
     minimum_ = minimum;
     rowType_ = rowType;
     texts_ = {};
+    texts_.Set(kGroup, group);
     restrictions_.fill(0);
     marked_ = false;
 }
 
-void ItemObject::Update(std::string name, std::string group, std::int32_t value)
+void ItemObject::Update(std::string name, const std::string& group, std::int32_t value)
 {
     name_ = std::move(name);
-    group_ = std::move(group);
+    texts_.Set(kGroup, group);
     value_ = value;
 }
 

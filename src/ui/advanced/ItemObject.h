@@ -35,15 +35,15 @@ public:
     explicit ItemObject(ItemEvents& events) : events_(&events) {}
 
     /// The row type is a text that outlives the item. Tool tips, restrictions and prompts are cleared.
-    void Init(std::int16_t index, std::string name, std::string group, std::int32_t value, std::int32_t maximum,
+    void Init(std::int16_t index, std::string name, const std::string& group, std::int32_t value, std::int32_t maximum,
               std::int32_t minimum, std::string_view rowType);
 
     /// Takes another name, group and value and keeps the rest; raises nothing.
-    void Update(std::string name, std::string group, std::int32_t value);
+    void Update(std::string name, const std::string& group, std::int32_t value);
 
     std::int16_t index() const { return index_; }
     const std::string& Name() const { return name_; }
-    const std::string& Group() const { return group_; }
+    std::string Group() const { return std::string(texts_.Get(kGroup)); }
     std::int32_t MaxValue() const { return maximum_; }
     std::int32_t MinValue() const { return minimum_; }
     std::string_view UI_Type() const { return rowType_; }
@@ -77,15 +77,15 @@ private:
     static constexpr std::int32_t kMaxRowValue = 255;
     static constexpr std::size_t kNameTip = 0;
     static constexpr std::size_t kGroupTip = 1;
-    static constexpr std::size_t kFirstPrompt = 2;
+    static constexpr std::size_t kGroup = 2;
+    static constexpr std::size_t kFirstPrompt = 3;
 
     void CheckBit(std::int16_t bit, const char* source) const;
 
     ItemEvents* events_;
     std::string name_;
-    std::string group_;
     std::string_view rowType_;
-    PackedTexts texts_;                                 ///< the tool tips and the prompt of each bit
+    PackedTexts texts_;                                 ///< tool tips, group, and the prompt of each bit
     std::array<std::uint8_t, kMaxBits> restrictions_{}; ///< every access flag fits eight bits
     std::int32_t value_ = 0;
     std::int32_t maximum_ = kMaxRowValue;
