@@ -3,6 +3,8 @@
 #include "ui/common/Guarded.h"
 #include "ui/common/WindowTools.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QHelpContentWidget>
 #include <QHelpEngine>
@@ -58,6 +60,15 @@ HelpViewer::~HelpViewer()
     // waits for them. It takes some milliseconds, and only when the window goes just after it was opened.
     while (engine_ && (engine_->contentModel()->isCreatingContents() || engine_->indexModel()->isCreatingIndex()))
         QThread::msleep(1);
+}
+
+/// The engine has each of its writes brought to disk, for which the window would wait while the disk is busy. The
+/// user's runtime folder, where there is one, lies in memory.
+QString HelpViewer::CollectionFolder()
+{
+    const QFileInfo runtime(qEnvironmentVariable("XDG_RUNTIME_DIR"));
+    const bool isUsable = runtime.isAbsolute() && runtime.isDir() && runtime.isWritable();
+    return (isUsable ? runtime.filePath() : QDir::tempPath()) + QStringLiteral("/tarvex-help-XXXXXX");
 }
 
 bool HelpViewer::Open(const std::string& path)

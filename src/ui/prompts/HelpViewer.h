@@ -40,8 +40,9 @@ private:
     void Search();
     QUrl ContentsPage() const;
     QList<QUrl> Pages() const;
+    static QString CollectionFolder();
 
-    QTemporaryDir collectionFolder_;
+    QTemporaryDir collectionFolder_{CollectionFolder()};
     std::unique_ptr<QHelpEngine> engine_;
     QTextBrowser* page_ = nullptr;
     QTabWidget* navigation_ = nullptr;
