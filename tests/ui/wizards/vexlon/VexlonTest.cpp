@@ -198,6 +198,12 @@ TEST_F(VexlonTest, ABoardThatComesBackWithItsModeKeepsRefreshAndUndo)
         EXPECT_EQ(view_.panels["Refresh"], " ");
         EXPECT_EQ(TakeWrites(), Values{});
     }
+    prompts_.ExpectMessage(kUse60Hz, Answer::No);
+    Choose("Resolution0_0");
+    frame_.CommFailure();
+    Fill({{"DE_LIN MSB", 2}});
+    frame_.Undo();
+    EXPECT_EQ(view_.Message(), "No resolution to undo.");
 }
 
 TEST_F(VexlonTest, AFailedPllWriteKeepsTheRefreshAndAnUnknownSizeWritesNothing)
